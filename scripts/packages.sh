@@ -1,0 +1,10 @@
+# What each script needs from Debian 12. Sourced, not run.
+build_packages=(
+  g++ cmake ninja-build
+  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev libqt6svg6-dev
+  libgl-dev libglu1-mesa-dev libglew-dev libbenchmark-dev
+  libglm-dev libmeshoptimizer-dev libassimp-dev
+)
+run_packages=(libgl1-mesa-dri qt6-qpa-plugins qt6-image-formats-plugins fonts-dejavu-core)
+test_packages=(xvfb xauth xdotool x11-utils)
+lint_packages=(clang-format clang-tidy)

@@ -1,0 +1,1 @@
+# Tests of app/, one line each: druvelk_test(app/NameOfTest)

@@ -1,0 +1,1 @@
+# Tests of environment/, one line each: druvelk_test(environment/NameOfTest)

@@ -1,0 +1,1 @@
+# Tests of map/, one line each: druvelk_test(map/NameOfTest)

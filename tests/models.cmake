@@ -1,0 +1,1 @@
+# Tests of models/, one line each: druvelk_test(models/NameOfTest)

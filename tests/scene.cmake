@@ -1,0 +1,1 @@
+# Tests of scene/, one line each: druvelk_test(scene/NameOfTest)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "map/CellGrid.h"
+#include "map/Picking.h"
 #include "map/math/Matrix4.h"
 #include "map/math/Trackball.h"
 
@@ -11,6 +12,7 @@
 
 class CharacterNode;
 class LevelDocument;
+class TerrainMesh;
 
 /// The map view: owns the level being edited and shows it as an overview of 20 × 20 cells, where
 /// it is shaped, or as a lit three-dimensional preview. Widget positions are logical pixels.
@@ -40,12 +42,6 @@ public:
     CellPosition anchorCell; ///< Where the current overview drag began.
     std::unique_ptr<CellGrid> cells;
     bool randomGeo = false; ///< The terrain's flag of random geography: no height editing.
-
-    struct Point3 {
-        double x = 0;
-        double y = 0;
-        double z = 0;
-    };
 
     float eyeHeight = 20.0F;              ///< Camera height, 1 to dimension.
     float lastY = 0;                      ///< Mouse y of the previous press or move in the preview.
@@ -86,4 +82,26 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    double aspect() const;
+    double scale(int logical) const;
+    int mapSide() const;
+
+    void setViewport();
+    void paintOverview();
+    void paintPreview();
+    void setOverviewProjection();
+    void setPreviewProjection();
+    void setUpPreview();
+    void setLightAndFog();
+    void lookAtCenter();
+    void makeOpaque() const;
+
+    bool pickPendingPoint();
+    void pickBeforeItIsReplaced();
+    void recenter(const QPoint &position);
+
+    bool setUpDone = false; ///< The three-dimensional set-up ran for this context and document.
+    qreal paintedRatio = 0; ///< Device pixels per logical pixel at the last paint.
 };

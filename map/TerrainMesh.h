@@ -5,8 +5,6 @@
 #include <GL/gl.h>
 #include <QString>
 #include <array>
-#include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -66,7 +64,7 @@ public:
     void computeNormals();
 
     /// The heights changed: what was recorded for drawing is recorded anew at the next draw.
-    void markChanged() { recorded = false; }
+    void markChanged() { recorded.fill(false); }
 
     /// Points per side of the grid as it is built; 0 for an empty grid.
     int pointsPerSide() const { return builtPointsPerSide; }
@@ -80,19 +78,19 @@ public:
     /// Makes or refreshes the texture object. Needs a current OpenGL context.
     void loadTexture();
 
-    /// Sends the strips, one glBegin to glEnd a grid row. Needs a current OpenGL context.
-    void sendStrips() const;
-
 protected:
     /// Deletes OpenGL names if a context is current. Not virtual: MeshNode owns the object.
     ~TerrainMesh();
 
 private:
+    void buildVertices(const std::function<float()> &nextHeight);
     void buildTriangles();
-    void drawRecorded();
+    bool updateVertexNormals();
+    const Vec3 &faceNormal(int quadRow, int quadColumn, int half) const;
+    void drawStrips();
+    void sendStrips() const;
 
     int builtPointsPerSide = 0;
-    GLuint firstList = 0;  ///< Recorded strips: the surface, then the wire frame.
-    bool recorded = false; ///< The list of `recordedWired` holds the grid as it is.
-    int recordedWired = 0;
+    GLuint firstList = 0;           ///< Recorded strips: the surface, then the wire frame.
+    std::array<bool, 2> recorded{}; ///< Which of the two lists hold the grid as it is.
 };

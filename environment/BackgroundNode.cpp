@@ -16,7 +16,9 @@ void BackgroundNode::drawSecondPass(float) {
     BackgroundRenderer::drawWater(0);
 }
 
-void BackgroundNode::initGL() {}
+void BackgroundNode::initGL() {
+    BackgroundRenderer::initGL();
+}
 
 void BackgroundNode::writeXml(QTextStream &out) const {
     QByteArray text = "<BackgroundNode  groundTexture=\"" + attributeText(groundTexture) +

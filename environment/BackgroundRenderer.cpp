@@ -1,11 +1,64 @@
 #include "environment/BackgroundRenderer.h"
 
+#include "environment/MipmappedTexture.h"
+#include "environment/OpenGLSetup.h"
+#include "environment/SkyBox.h"
+#include "environment/SurroundingsLists.h"
+#include "map/math/Vec3.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+constexpr GLsizei listCount = 3;
+
+/// -49999 to 48999.
+std::int32_t drawScrollOffset() {
+    constexpr double step = 0.02F;
+    return static_cast<std::int32_t>((std::rand() % 100 - 50) * step * 50000.0);
+}
+
+/// The size the lists are made for. An empty grid has surroundings too: those of the usual map.
+SurroundingsSize surroundingsSize(int dimension, int density, float height) {
+    const bool empty = dimension <= 0 || density <= 0;
+    return {empty ? 60 : dimension, empty ? 4 : density, height};
+}
+
+/// The texture matrix of the water: five repeats, a quarter turn, then the scrolling.
+Matrix4 waterTextureMatrix(float shift) {
+    Matrix4 result;
+    Matrix4 turn;
+    Matrix4 move;
+    scale(result, 5, 5, 1);
+    rotation(turn, 90, {0, 0, 1});
+    translation(move, shift, 0, 0);
+    multiply(result, result, turn);
+    multiply(result, result, move);
+    return result;
+}
+
+} // namespace
+
 BackgroundRenderer::BackgroundRenderer() {
     setDiagonal(skyRotation, 1);
     setDiagonal(groundModelview, 1);
+    waterScrollOffset = drawScrollOffset();
 }
 
-BackgroundRenderer::~BackgroundRenderer() = default;
+BackgroundRenderer::~BackgroundRenderer() {
+    if (!hasCurrentGLContext()) {
+        return;
+    }
+    // Deleting lists 0, 1 and 2 would free somebody else's.
+    if (firstList != 0) {
+        glDeleteLists(firstList, listCount);
+    }
+    glDeleteTextures(1, &groundTextureObject);
+    glDeleteTextures(1, &waterTextureObject);
+    glDeleteTextures(1, &skyTextures.cubeMap);
+    glDeleteTextures(static_cast<GLsizei>(skyTextures.faces.size()), skyTextures.faces.data());
+}
 
 void BackgroundRenderer::setMapSize(int newDensity, int newDimension) {
     density = newDensity;
@@ -45,6 +98,121 @@ void BackgroundRenderer::updateSkyTint() {
     }
 }
 
-void BackgroundRenderer::drawSkyAndGround(float) {}
+void BackgroundRenderer::initGL() {
+    loadTextures();
+    compileLists();
+    if (!fog) {
+        loadSkyTextures(skyTextures, cubeTexture.toUtf8().constData());
+        updateSkyTint();
+    }
+}
 
-void BackgroundRenderer::drawWater(float) {}
+void BackgroundRenderer::loadTextures() {
+    glPushAttrib(GL_ENABLE_BIT);
+    loadMipmappedTexture(groundTextureObject, groundTexture);
+    loadMipmappedTexture(waterTextureObject, waterTexture);
+    glPopAttrib();
+}
+
+void BackgroundRenderer::compileLists() {
+    if (firstList == 0) {
+        firstList = glGenLists(listCount);
+    }
+    if (firstList == 0) {
+        return;
+    }
+    const SurroundingsSize size = surroundingsSize(dimension, density, groundScaleHeight);
+    compileGroundList(firstList, size);
+    if (water) {
+        compileWaterList(firstList + 1, size);
+    }
+    compileOutlineList(firstList + 2, size);
+}
+
+void BackgroundRenderer::drawSkyAndGround(float) {
+    if (!fog) {
+        updateSkyRotation();
+        glColor3fv(skyTint.data());
+        drawSkyBox();
+    }
+    drawGroundAndOutline();
+}
+
+void BackgroundRenderer::updateSkyRotation() {
+    Matrix4 view;
+    readModelview(view);
+    view[3] = view[7] = view[11] = 0;
+    view[15] = 1;
+    const double volume = determinant(view);
+    const double factor = volume > 0 ? 1 / std::pow(volume, 0.3333333333333333) : 1;
+    const auto unscale = static_cast<float>(factor);
+    Matrix4 unit;
+    scale(unit, unscale, unscale, unscale);
+    multiply(view, skyRotation, unit);
+}
+
+void BackgroundRenderer::drawSkyBox() const {
+    ::drawSkyBox(skyTextures, skyRotation);
+}
+
+void BackgroundRenderer::drawGroundAndOutline() {
+    constexpr std::array<float, 3> outlineColor{0.4F, 0.4F, 0.4F};
+    glColor3fv(groundColor.data());
+    glPushAttrib(GL_CURRENT_BIT | GL_ENABLE_BIT | GL_TEXTURE_BIT);
+    glMatrixMode(GL_TEXTURE);
+    glPushMatrix();
+    glLoadIdentity();
+    glScalef(5, 5, 1);
+    glRotatef(90, 0, 0, 1);
+    glMatrixMode(GL_MODELVIEW);
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, groundTextureObject);
+    glPushMatrix();
+    if (firstList != 0) {
+        glCallList(firstList);
+    }
+    readModelview(groundModelview);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_LIGHTING);
+    glColor3fv(outlineColor.data());
+    if (firstList != 0) {
+        glCallList(firstList + 2);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_TEXTURE);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopAttrib();
+    glColor3f(1, 1, 1);
+}
+
+void BackgroundRenderer::drawWater(float t) {
+    if (!water) {
+        return;
+    }
+    glDisable(GL_CULL_FACE);
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, waterTextureObject);
+    glMatrixMode(GL_TEXTURE);
+    glPushMatrix();
+    Matrix4 picture = waterTextureMatrix(t / (static_cast<float>(waterScrollOffset) + 250000.0F));
+    loadIntoGL(picture);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    Matrix4 lower;
+    translation(lower, 0, -0.03F, 0);
+    multiply(groundModelview, groundModelview, lower);
+    loadIntoGL(groundModelview);
+    glEnable(GL_BLEND);
+    glColor3fv(waterColor.data());
+    if (firstList != 0) {
+        glCallList(firstList + 1);
+    }
+    glDisable(GL_BLEND);
+    glPopMatrix();
+    glDisable(GL_TEXTURE_2D);
+    glMatrixMode(GL_TEXTURE);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glEnable(GL_CULL_FACE);
+}

@@ -6,6 +6,7 @@
 #include <GL/gl.h>
 #include <QString>
 #include <array>
+#include <cstdint>
 
 /// What surrounds the terrain, and the game's options: holds the data and draws sky box, ground
 /// frame, outline and water plane. Colours are red, green, blue from 0 to 1.
@@ -65,10 +66,32 @@ public:
     QString getBirdTexture() const { return birdTexture; }
     QString getWaterTexture() const { return waterTexture; }
 
+    /// Loads the textures and compiles the display lists, again into the names of the last time.
+    /// With fog on the sky is left alone; without water its list is. Needs a current context.
+    void initGL();
+
+    /// First pass: sky box (unless there is fog), ground frame and outline, under the current
+    /// modelview, which holds the camera. Leaves the current colour white. Needs a current context.
     virtual void drawSkyAndGround(float t);
+
+    /// Second pass: the water plane, blended, where water is on. Relies on the first pass of the
+    /// same frame. `t` moves the water's picture. Leaves blending and 2-D textures off and the
+    /// culling of back faces on. Needs a current context.
     virtual void drawWater(float t);
+
+    /// The sky alone, in the current colour, turned by skyRotation. Needs a current context.
+    void drawSkyBox() const;
+
+    /// Where the moving water starts; drawn by lot with every construction, shared by all.
+    static inline std::int32_t waterScrollOffset = 0;
 
 protected:
     /// Deletes textures and lists if a context is current. Not virtual: BackgroundNode owns the object.
     ~BackgroundRenderer();
+
+private:
+    void loadTextures();
+    void compileLists();
+    void updateSkyRotation();
+    void drawGroundAndOutline();
 };

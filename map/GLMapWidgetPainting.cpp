@@ -1,4 +1,5 @@
 #include "environment/BackgroundNode.h"
+#include "environment/GLErrors.h"
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
 #include "scene/LevelDocument.h"
@@ -47,6 +48,7 @@ void GLMapWidget::paintGL() {
         overviewStale = true;
         previewStale = true;
     }
+    const GLErrorPaintScope insideAPaint;
     setViewport();
     if (preview) {
         paintPreview();
@@ -137,6 +139,7 @@ void GLMapWidget::setPreviewProjection() {
 
 /// Everything the preview needs from OpenGL: state, textures and lists of the nodes, normals.
 void GLMapWidget::setUpPreview() {
+    beginGLErrorSetUp();
     setLightAndFog();
     document->root.initGL();
     if (document->mesh != nullptr) {

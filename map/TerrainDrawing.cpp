@@ -1,8 +1,6 @@
+#include "environment/MipmappedTexture.h"
 #include "environment/OpenGLSetup.h"
-#include "environment/TextureUpload.h"
 #include "map/TerrainMesh.h"
-
-#include <GL/glu.h>
 
 namespace {
 
@@ -85,14 +83,6 @@ void TerrainMesh::sendStrips() const {
 
 void TerrainMesh::loadTexture() {
     glPushAttrib(GL_ENABLE_BIT);
-    if (textureObject == 0) {
-        glGenTextures(1, &textureObject);
-    }
-    const QImage image = readGLImage(texture);
-    glBindTexture(GL_TEXTURE_2D, textureObject);
-    uploadWithMipmaps(GL_TEXTURE_2D, image);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    loadMipmappedTexture(textureObject, texture);
     glPopAttrib();
 }

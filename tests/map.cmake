@@ -1,3 +1,7 @@
 # Tests of map/, one line each: druvelk_test(map/NameOfTest)
+druvelk_test(map/CameraTest)
 druvelk_test(map/OverviewTest)
-druvelk_test_scaled(OverviewTest 1.5)
+druvelk_test(map/PreviewTest)
+druvelk_test_again(CameraTest At1.5 QT_SCALE_FACTOR=1.5)
+druvelk_test_again(OverviewTest At1.5 QT_SCALE_FACTOR=1.5)
+druvelk_test_again(PreviewTest WithoutCubeMaps MESA_EXTENSION_OVERRIDE=-GL_ARB_texture_cube_map)

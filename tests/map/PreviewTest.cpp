@@ -1,0 +1,259 @@
+#include "environment/CubeMapSupport.h"
+#include "tests/support/PreviewProbe.h"
+#include "tests/support/druvelkTest.h"
+
+#include <QTemporaryDir>
+#include <cmath>
+
+/// The preview in pixels. Run a second time where the driver has no cube maps.
+class PreviewTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        scratch = std::make_unique<QTemporaryDir>();
+        QDir::setCurrent(scratch->path());
+        QVERIFY(PreviewProbe::makePictures(QColor(0, 200, 0), Qt::white, QColor(40, 80, 240)));
+        view = std::make_unique<GLMapWidget>();
+        driver = std::make_unique<ViewDriver>(*view);
+        probe = std::make_unique<PreviewProbe>(*view);
+        QVERIFY(driver->show(500, 400));
+        PreviewProbe::usePictures(*view->document);
+        level().water = false;
+        level().setSunColor(1, 1, 1);
+        view->changePreview();
+        probe->look();
+    }
+
+    void cleanup() { view.reset(); }
+
+    void theDriverTakesTheWantedSkyPath() {
+        view->makeCurrent();
+        const bool withoutCubeMaps = qEnvironmentVariable("MESA_EXTENSION_OVERRIDE")
+                                         .contains(QLatin1String("-GL_ARB_texture_cube_map"));
+        QCOMPARE(cubeMapsAvailable(), !withoutCubeMaps);
+        view->doneCurrent();
+    }
+
+    void theFirstFrameIsComplete() {
+        QVERIFY(
+            shows(probe->at(QPoint(probe->picture().width() / 2, 5)), 40 / 255.F, 80 / 255.F, 240 / 255.F));
+        const QColor ground = probe->at(20, 0, -10);
+        const QColor terrain = probe->at(20, 0, 20);
+        for (const QColor &color : {ground, terrain}) {
+            QVERIFY(color.green() > 120 && color.red() == 0 && color.blue() == 0);
+        }
+        // Ground frame and flat terrain are one plane, lit alike.
+        QVERIFY(std::abs(ground.green() - terrain.green()) <= 2);
+        const QImage first = probe->picture();
+        probe->look();
+        QCOMPARE(probe->picture(), first);
+    }
+
+    void theSkyFollowsTheDay_data() {
+        QTest::addColumn<int>("dayTime");
+        QTest::addColumn<float>("red");
+        QTest::addColumn<float>("blue");
+        QTest::newRow("sunrise") << 30 << 0.65F << 0.3F;
+        QTest::newRow("noon") << 70 << 1.0F << 1.0F;
+        QTest::newRow("afternoon") << 111 << 0.8F << 0.6F;
+        QTest::newRow("night") << 171 << 0.1F << 0.3F;
+    }
+
+    void theSkyFollowsTheDay() {
+        QFETCH(int, dayTime);
+        QFETCH(float, red);
+        QFETCH(float, blue);
+        level().dayTime = dayTime;
+        level().updateSkyTint();
+        probe->look();
+        const QColor sky = probe->at(QPoint(250, 5));
+        QVERIFY(std::abs(sky.red() - qRound(40 * red)) <= 2 &&
+                std::abs(sky.blue() - qRound(240 * blue)) <= 2);
+    }
+
+    void slopesTowardTheSunAreBrighter() {
+        probe->shape([](float x, float) { return 5 - std::abs(x - 20) * 0.25F; });
+        level().dayTime = 50;
+        probe->look();
+        QVERIFY(brightness(probe->at(28, 3, 20)) > brightness(probe->at(12, 3, 20)) + 20);
+        level().dayTime = 131;
+        probe->look();
+        QVERIFY(brightness(probe->at(12, 3, 20)) > brightness(probe->at(28, 3, 20)) + 20);
+    }
+
+    void hillsStandBeforeTheSky() {
+        // One peak near the eye, one in the middle, one at the far corner.
+        for (const auto &[x, z] : {std::pair(34.F, 5.F), {20.F, 20.F}, {4.F, 36.F}}) {
+            probe->shape([x = x, z = z](float px, float pz) {
+                return std::max(0.F, 25 - 5 * std::max(std::abs(px - x), std::abs(pz - z)));
+            });
+            probe->look();
+            const QColor slope = probe->at(x + 0.2, 24, z - 0.2);
+            QVERIFY2(slope.blue() == 0 && slope.green() > 20, qPrintable(slope.name()));
+        }
+    }
+
+    void waterShowsInHollowsOnly() {
+        probe->shape([](float x, float z) { return std::hypot(x - 20, z - 20) < 8 ? -3.F : 0.F; });
+        probe->look();
+        const QColor dryHollow = probe->at(20, -0.3, 20);
+        const QColor land = probe->at(20, 0, 6);
+        level().water = true;
+        level().waterColor = {0, 0, 1};
+        view->setDirty(true);
+        probe->look();
+        QVERIFY(probe->at(20, -0.3, 20).blue() > dryHollow.blue() + 100);
+        QCOMPARE(probe->at(20, 0, 6), land);
+        QCOMPARE(probe->at(20, 0, -10), land);
+    }
+
+    void fogTurnsDistanceIntoTheSunsColour() {
+        level().fog = true;
+        level().setSunColor(1, 0.5F, 0.25F);
+        view->setDirty(true);
+        probe->look();
+        QVERIFY(shows(probe->at(QPoint(250, 5)), 1, 0.5F, 0.25F));
+        const auto distanceToSun = [this](double x, double z) {
+            const QColor color = probe->at(x, 0, z);
+            return std::abs(color.red() - 255) + std::abs(color.blue() - 64);
+        };
+        QVERIFY(distanceToSun(-60, 100) < distanceToSun(20, 20));
+        QVERIFY(distanceToSun(20, 20) < distanceToSun(36, 4));
+        level().fog = false;
+        view->setDirty(true);
+        probe->look();
+        QVERIFY(probe->at(QPoint(250, 5)).blue() > 200);
+        QCOMPARE(probe->at(36, 0, 4).red(), 0);
+    }
+
+    void theWireFrameIsSeenThrough() {
+        probe->shape([](float x, float z) {
+            return std::max(0.F, 30 - 3 * std::max(std::abs(x - 20), std::abs(z - 20)));
+        });
+        view->document->mesh->color = {1, 1, 1};
+        view->changeWired();
+        probe->look();
+        int lines = 0;
+        int sky = 0;
+        const QPoint middle = probe->place(20, 26, 20);
+        for (int y = -25; y < 5; ++y) {
+            for (int x = -5; x < 6; ++x) {
+                const QColor color = probe->at(middle + QPoint(x, y));
+                lines += color == QColor(Qt::white);
+                sky += shows(color, 40 / 255.F, 80 / 255.F, 240 / 255.F);
+            }
+        }
+        QVERIFY(lines > 10);
+        QVERIFY(sky > 10);
+        view->changeWired();
+        probe->look();
+        QVERIFY(probe->at(20.2, 29, 19.8).green() > 20);
+    }
+
+    void aLevelWithoutPicturesShowsItsColours() {
+        PreviewProbe::usePictures(*view->document, QStringLiteral("missing"));
+        level().groundColor = view->document->mesh->color = {1, 0, 0};
+        view->setDirty(true);
+        probe->look();
+        QVERIFY(probe->at(20, 0, 20).red() > 200 && probe->at(20, 0, 20).green() == 0);
+        QVERIFY(probe->at(20, 0, -10).red() > 200 && probe->at(20, 0, -10).green() == 0);
+        QVERIFY(shows(probe->at(QPoint(250, 5)), 1, 1, 1));
+    }
+
+    void changesShowWhileThePreviewIsOpen() {
+        view->document->mesh->color = {1, 0.5F, 1};
+        probe->look();
+        const int before = probe->at(20, 0, 20).green();
+        view->document->mesh->color = {1, 1, 1};
+        probe->look();
+        QVERIFY(probe->at(20, 0, 20).green() > before + 50);
+        QVERIFY(PreviewProbe::makePictures(QColor(200, 0, 0), Qt::white, Qt::black, QStringLiteral("other")));
+        PreviewProbe::usePictures(*view->document, QStringLiteral("other"));
+        view->setDirty(true);
+        probe->look();
+        QVERIFY(probe->at(20, 0, 20).red() > 120 && probe->at(20, 0, 20).green() == 0);
+        QVERIFY(shows(probe->at(QPoint(250, 5)), 0, 0, 0));
+    }
+
+    void erosionShowsAtOnce() {
+        probe->shape([](float x, float z) { return std::hypot(x - 20, z - 20) < 3 ? 9.F : 0.F; });
+        probe->look();
+        const QImage cliffs = probe->picture();
+        view->erodeTerrain();
+        probe->look();
+        QVERIFY(probe->picture() != cliffs);
+    }
+
+    void anotherLevelOpensInThePreview() {
+        auto next = std::make_unique<LevelDocument>();
+        next->complete();
+        next->mesh->setSize(80, 4);
+        next->mesh->build();
+        PreviewProbe::usePictures(*next);
+        next->background->water = false;
+        next->mesh->color = {0, 1, 0};
+        view->replaceDocument(std::move(next));
+        view->dimension = 80;
+        view->refreshTerrain();
+        view->setDirty(true);
+        view->updateTrackBallCenter();
+        probe->look();
+        QVERIFY(probe->at(60, 0, 60).green() > 120);
+        QVERIFY(shows(probe->at(QPoint(250, 5)), 40 / 255.F, 80 / 255.F, 240 / 255.F));
+    }
+
+    void aNewMapInThePreviewHasItsSurroundings() {
+        view->dimension = 80;
+        view->accuracy = 2;
+        view->setDirty(true);
+        view->buildTerrain(view->document->mesh);
+        view->refreshTerrain();
+        view->updateTrackBallCenter();
+        probe->look();
+        for (const double z : {-20.0, 20.0, 60.0, 90.0}) {
+            QVERIFY(probe->at(40, 0, z).green() > 120);
+        }
+    }
+
+    void theOverviewIsTheSameAfterThePreview() {
+        level().water = true;
+        level().fog = true;
+        view->setDirty(true);
+        view->changePreview();
+        const QImage before = driver->picture();
+        view->changePreview();
+        probe->look();
+        view->changePreview();
+        QCOMPARE(driver->picture(), before);
+        for (const QPoint corner : {QPoint(0, 0), QPoint(before.width() - 1, before.height() - 1)}) {
+            QCOMPARE(before.pixelColor(corner).alpha(), 255);
+        }
+    }
+
+    void aViewOfNoSizeAndAnEmptyGridDivideByNothing() {
+        view->resize(1, 300);
+        probe->look();
+        view->resize(0, 0);
+        view->grabFramebuffer();
+        view->document->mesh->setSize(0, 4);
+        view->document->mesh->build();
+        view->refreshTerrain();
+        view->setDirty(true);
+        view->resize(500, 400);
+        probe->look();
+        QVERIFY(probe->at(30, 0, -10).green() > 120);
+        QVERIFY(shows(probe->at(QPoint(250, 5)), 40 / 255.F, 80 / 255.F, 240 / 255.F));
+    }
+
+private:
+    BackgroundNode &level() { return *view->document->background; }
+
+    std::unique_ptr<QTemporaryDir> scratch;
+    std::unique_ptr<GLMapWidget> view;
+    std::unique_ptr<ViewDriver> driver;
+    std::unique_ptr<PreviewProbe> probe;
+};
+
+DRUVELK_TEST_MAIN(PreviewTest)
+#include "PreviewTest.moc"

@@ -1,5 +1,7 @@
 #include "map/Erosion.h"
 
+#include "map/TerrainMesh.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -55,4 +57,15 @@ void erode(std::vector<float> &heights, int side, int passes) {
     }
     std::fill_n(heights.begin(), n, 0.0F);
     std::fill_n(heights.end() - n, n, 0.0F);
+}
+
+void erode(TerrainMesh &terrain, int passes) {
+    std::vector<float> heights(terrain.vertices.size());
+    std::transform(terrain.vertices.begin(), terrain.vertices.end(), heights.begin(),
+                   [](const TerrainVertex &vertex) { return vertex.position.y; });
+    erode(heights, terrain.pointsPerSide(), passes);
+    for (std::size_t i = 0; i < heights.size(); ++i) {
+        terrain.vertices[i].position.y = heights[i];
+    }
+    terrain.markChanged();
 }

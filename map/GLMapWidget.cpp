@@ -150,14 +150,7 @@ void GLMapWidget::erodeTerrain() {
         return;
     }
     pointsPerSide = mesh->pointsPerSide();
-    std::vector<float> heights(mesh->vertices.size());
-    std::transform(mesh->vertices.begin(), mesh->vertices.end(), heights.begin(),
-                   [](const TerrainVertex &vertex) { return vertex.position.y; });
-    erode(heights, pointsPerSide, accuracy);
-    for (std::size_t i = 0; i < heights.size(); ++i) {
-        mesh->vertices[i].position.y = heights[i];
-    }
-    mesh->markChanged();
+    erode(*mesh, accuracy);
     cells->recolourFromHeights();
     mesh->computeNormals();
     update();

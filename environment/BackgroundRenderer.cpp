@@ -176,6 +176,9 @@ void BackgroundRenderer::drawGroundAndOutline() {
     readModelview(groundModelview);
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_LIGHTING);
+    // Otherwise the material follows the outline's colour, and with some drivers does not return with
+    // glPopAttrib: what is drawn next in the ground's colour would be this grey.
+    glDisable(GL_COLOR_MATERIAL);
     glColor3fv(outlineColor.data());
     if (firstList != 0) {
         glCallList(firstList + 2);

@@ -33,7 +33,8 @@ QImage toGLImage(const QImage &image) {
 }
 
 QImage readGLImage(const QString &fileName) {
-    const QImage image(fileName);
+    // An empty name is no file; the image class would complain about it a second time.
+    const QImage image = fileName.isEmpty() ? QImage() : QImage(fileName);
     if (image.isNull()) {
         qCWarning(texturesLog).noquote() << "cannot read the picture" << fileName;
     }

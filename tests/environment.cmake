@@ -1,5 +1,8 @@
 # Tests of environment/, one line each: druvelk_test(environment/NameOfTest)
+druvelk_test(environment/BackgroundNodeTest)
+druvelk_test(environment/GLErrorsTest)
 druvelk_test(environment/SkyTest)
+druvelk_test(environment/SurroundingsTest)
 
 # The same again on a driver without cube maps.
 add_test(NAME SkyWithoutCubeMapsTest COMMAND SkyTest

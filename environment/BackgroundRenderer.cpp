@@ -158,9 +158,7 @@ void BackgroundRenderer::drawSkyBox() const {
 void BackgroundRenderer::drawGroundAndOutline() {
     constexpr std::array<float, 3> outlineColor{0.4F, 0.4F, 0.4F};
     glColor3fv(groundColor.data());
-    // The colour is not saved but set again below: some drivers put a saved colour back without
-    // telling the material that follows it, and the terrain would be lit in the outline's grey.
-    glPushAttrib(GL_ENABLE_BIT | GL_TEXTURE_BIT);
+    glPushAttrib(GL_CURRENT_BIT | GL_ENABLE_BIT | GL_TEXTURE_BIT);
     glMatrixMode(GL_TEXTURE);
     glPushMatrix();
     glLoadIdentity();

@@ -1,5 +1,7 @@
 #include "environment/TextureUpload.h"
 
+#include "environment/PathLookup.h"
+
 #include <GL/gl.h>
 #include <GL/glu.h>
 #include <QLoggingCategory>
@@ -34,7 +36,7 @@ QImage toGLImage(const QImage &image) {
 
 QImage readGLImage(const QString &fileName) {
     // An empty name is no file; the image class would complain about it a second time.
-    const QImage image = fileName.isEmpty() ? QImage() : QImage(fileName);
+    const QImage image = fileName.isEmpty() ? QImage() : QImage(existingPath(fileName));
     if (image.isNull()) {
         qCWarning(texturesLog).noquote() << "cannot read the picture" << fileName;
     }

@@ -1,5 +1,6 @@
 #include "scene/CharacterNode.h"
 
+#include "scene/CharacterNames.h"
 #include "scene/LevelText.h"
 
 #include <QTextStream>
@@ -7,8 +8,7 @@
 
 namespace {
 
-constexpr std::array models{"Terminator", "Hayden", "Hunter", "Rat", "Dire", "Walker", "Marine"};
-constexpr std::array<const char *, CharacterNode::teamCount> teams{"Blue", "Green", "Red", "Personal"};
+static_assert(teamNames.size() == CharacterNode::teamCount);
 
 /// Replaces `name` by the entry of a code; a code outside the table leaves it.
 template <std::size_t N>
@@ -56,8 +56,8 @@ bool CharacterNode::readXml(QDomElement element, CISG *) {
     values.read(weaponValue);
     values.read(teamIndex);
     values.read(cell);
-    nameFromCode(models, modelIndex, model);
-    nameFromCode(teams, teamIndex, team);
+    nameFromCode(characterNames, modelIndex, model);
+    nameFromCode(teamNames, teamIndex, team);
     weapon = weaponName(weaponValue);
     placed = cell != randomStart;
     active = true;

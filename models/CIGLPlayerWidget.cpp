@@ -112,13 +112,9 @@ void CIGLPlayerWidget::resizeGL(int width, int height) {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(45.0, double(width) / std::max(height, 1), 3.0, 20.0);
-    setViewport();
+    // In pixels of the frame buffer, whose size is rounded.
+    glViewport(0, 0, qRound(width * devicePixelRatioF()), qRound(height * devicePixelRatioF()));
     glMatrixMode(GL_MODELVIEW);
-}
-
-/// The toolkit sets a viewport of its own before each paint, cut down where the frame is rounded.
-void CIGLPlayerWidget::setViewport() const {
-    glViewport(0, 0, qRound(width() * devicePixelRatioF()), qRound(height() * devicePixelRatioF()));
 }
 
 void CIGLPlayerWidget::paintGL() {
@@ -126,8 +122,9 @@ void CIGLPlayerWidget::paintGL() {
         initializeGL();
         reloadPending = false;
     }
-    setViewport();
-    glMatrixMode(GL_MODELVIEW);
+    // The toolkit sets a viewport of its own before each paint, cut down where the frame buffer is
+    // rounded up, and sends no size to a widget that is not shown.
+    resizeGL(width(), height());
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glLoadIdentity();
     gluLookAt(2, 5, 12, 0, 0, 0, 0, 1, 0);

@@ -34,7 +34,5 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    void setViewport() const;
-
     QTimer refreshTimer_; ///< Runs while the preview is visible.
 };

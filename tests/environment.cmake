@@ -9,3 +9,4 @@ add_test(NAME SkyWithoutCubeMapsTest COMMAND SkyTest
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/scratch/SkyTest)
 set_tests_properties(SkyWithoutCubeMapsTest PROPERTIES
   TIMEOUT 300 ENVIRONMENT "MESA_EXTENSION_OVERRIDE=-GL_ARB_texture_cube_map")
+druvelk_test(environment/PathLookupTest)

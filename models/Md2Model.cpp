@@ -61,7 +61,7 @@ bool Md2Model::Load(const std::string &modelPath, const std::string &newSkinPath
     }
     const QByteArray bytes = readModelFile(file);
     Md2Decoder decoder(bytes);
-    const bool sound = decoder.decode();
+    const bool sound = decoder.check();
     header = decoder.header;
     if (!sound) {
         std::fputs("Bad header for MD2 file.\n", stdout);
@@ -69,7 +69,7 @@ bool Md2Model::Load(const std::string &modelPath, const std::string &newSkinPath
         qCWarning(modelsLog).noquote() << "cannot use the model" << path << "because" << decoder.problem;
         return false;
     }
-    static_cast<Md2Content &>(*this) = std::move(decoder.content);
+    decoder.decode(*this);
     return true;
 }
 

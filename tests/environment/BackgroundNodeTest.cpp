@@ -3,6 +3,7 @@
 
 #include <QDomDocument>
 #include <QTextStream>
+#include <QVector3D>
 
 namespace {
 

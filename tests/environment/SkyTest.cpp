@@ -4,6 +4,7 @@
 #include "map/math/Vec3.h"
 #include "support/druvelkTest.h"
 
+#include <QVector3D>
 #include <optional>
 
 namespace {

@@ -1,7 +1,7 @@
 # What each script needs from Debian 12. Sourced, not run.
 build_packages=(
   g++ cmake ninja-build
-  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev libqt6svg6-dev
+  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-svg-dev
   libgl-dev libglu1-mesa-dev libglew-dev libbenchmark-dev
   libglm-dev libmeshoptimizer-dev libassimp-dev
 )

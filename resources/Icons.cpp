@@ -2,14 +2,11 @@
 
 #include <QFile>
 
-namespace {
-
-/// Makes the collection known also where the library is linked statically.
-void registerCollection() {
+/// Makes the collection known also where the library is linked statically. (The toolkit's macro
+/// does not work in a namespace.)
+static void registerCollection() {
     Q_INIT_RESOURCE(druvelk_icons);
 }
-
-} // namespace
 
 QIcon programIcon(const QString &name) {
     registerCollection();

@@ -1,0 +1,22 @@
+#include "app/editorMain.h"
+#include "environment/OpenGLSetup.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <memory>
+
+int main(int argc, char **argv) {
+    prepareApplication();
+    QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.druvelk.Editor"));
+    if (const QString missing = missingOpenGL(); !missing.isEmpty()) {
+        std::fprintf(stderr, "druvelk-editor: cannot start: %s\n", qPrintable(missing));
+        return 1;
+    }
+    auto window = std::make_unique<editorMain>(nullptr, QString(), Qt::Window);
+    window->show();
+    QObject::connect(&application, &QApplication::lastWindowClosed, &application, &QApplication::quit);
+    const int result = QApplication::exec();
+    window.reset();
+    return result;
+}

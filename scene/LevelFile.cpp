@@ -1,0 +1,40 @@
+#include "scene/LevelFile.h"
+
+#include "scene/CISG.h"
+
+#include <QLoggingCategory>
+#include <QSaveFile>
+#include <QTextStream>
+
+namespace {
+
+Q_LOGGING_CATEGORY(levels, "druvelk.levels")
+
+QByteArray levelBytes(const CISG &level) {
+    QByteArray bytes;
+    QTextStream out(&bytes);
+    level.write(out);
+    out.flush();
+    return bytes;
+}
+
+} // namespace
+
+bool saveLevel(const CISG &level, const QString &fileName) {
+    const QByteArray bytes = levelBytes(level);
+    QSaveFile file(fileName);
+    file.setDirectWriteFallback(true);
+    bool saved = file.open(QIODevice::WriteOnly);
+    if (saved) {
+        // On a full disk commit() alone reports success over a truncated file.
+        saved = file.write(bytes) == bytes.size() && file.flush() && file.error() == QFileDevice::NoError;
+        if (!saved) {
+            file.cancelWriting();
+        }
+        saved = file.commit() && saved;
+    }
+    if (!saved) {
+        qCWarning(levels).noquote() << "Cannot save" << fileName << "-" << file.errorString();
+    }
+    return saved;
+}

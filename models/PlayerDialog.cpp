@@ -2,6 +2,7 @@
 
 #include "models/CIGLPlayerWidget.h"
 #include "models/CharacterCatalogue.h"
+#include "resources/Icons.h"
 #include "scene/CharacterNode.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QEvent>
 #include <QFile>
 #include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -64,7 +64,7 @@ PlayerDialog::PlayerDialog(QWidget *parent, const QString &name, bool modal, Qt:
     setObjectName(name.isEmpty() ? QStringLiteral("PlayerDialog") : name);
     setModal(modal);
     setSizeGripEnabled(true);
-    setWindowIcon(QIcon(QStringLiteral(":/man.bmp")));
+    setWindowIcon(programIcon(QStringLiteral("man.bmp")));
     makeControls();
     makePreview();
     layOut();

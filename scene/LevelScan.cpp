@@ -1,5 +1,7 @@
 #include "scene/LevelScan.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <string_view>
 
@@ -9,6 +11,9 @@ constexpr qsizetype mostBytes = qsizetype{16} * 1024 * 1024;
 constexpr int mostDepth = 256;
 constexpr int mostElements = 100000;
 constexpr int mostAttributes = 64;
+/// Of the whole file. The reader keeps some 350 bytes for an attribute, 150 for the other pieces.
+constexpr int mostAttributesInAll = 500000;
+constexpr std::ptrdiff_t mostOtherPieces = 100000;
 
 /// Walks markup only as far as the limits need: what is a tag, and what is not.
 class Scanner {
@@ -30,6 +35,16 @@ public:
 
 private:
     bool markup() {
+        if (rest.starts_with("</")) {
+            --depth;
+            return skipPast(">", 2);
+        }
+        if (!rest.starts_with("<!") && !rest.starts_with("<?")) {
+            return startTag();
+        }
+        if (++otherPieces > mostOtherPieces) {
+            return false;
+        }
         if (rest.starts_with("<!--")) {
             return skipPast("-->", 4);
         }
@@ -39,50 +54,60 @@ private:
         if (rest.starts_with("<?")) {
             return skipPast("?>", 2);
         }
-        if (rest.starts_with("<!")) {
-            return declaration();
-        }
-        if (rest.starts_with("</")) {
-            --depth;
-            return skipPast(">", 2);
-        }
-        return startTag();
+        return documentType();
     }
 
-    /// A document type without an internal subset is harmless; entity declarations are not, since
-    /// one reference may stand for thousands of elements.
-    bool declaration() {
-        const std::size_t end = rest.find('>');
-        if (rest.substr(0, end).find('[') != std::string_view::npos) {
+    /// A document type that only names things is harmless; one with declarations of its own is
+    /// not, since one reference may stand for thousands of elements. Where declarations may lie
+    /// elsewhere, every reference becomes a node.
+    bool documentType() {
+        if (hasDocumentType || !rest.starts_with("<!DOCTYPE")) {
             return false;
         }
-        return skipPast(">", 2);
+        hasDocumentType = true;
+        const std::size_t end = endOfTag();
+        if (subset) {
+            return false;
+        }
+        rest.remove_prefix(end);
+        otherPieces += std::count(rest.begin(), rest.end(), '&');
+        return otherPieces <= mostOtherPieces;
     }
 
     bool startTag() {
-        if (++elements > mostElements || ++depth > mostDepth) {
-            return false;
-        }
-        int attributes = 0;
-        std::size_t i = 1;
-        for (; i < rest.size() && rest[i] != '>'; ++i) {
-            if (rest[i] != '"' && rest[i] != '\'') {
-                continue;
-            }
-            if (++attributes > mostAttributes) {
-                return false;
-            }
-            i = rest.find(rest[i], i + 1);
-            if (i == std::string_view::npos) {
-                rest = {};
-                return true;
-            }
-        }
-        if (i < rest.size() && rest[i - 1] == '/') {
+        const std::size_t end = endOfTag();
+        allAttributes += quoted;
+        ++elements;
+        ++depth;
+        const bool allowed = elements <= mostElements && depth <= mostDepth && quoted <= mostAttributes &&
+                             allAttributes <= mostAttributesInAll;
+        if (end < rest.size() && rest[end - 1] == '/') {
             --depth;
         }
-        rest.remove_prefix(i);
-        return true;
+        rest.remove_prefix(end);
+        return allowed;
+    }
+
+    /// Where the ">" of the tag at the front stands, or the text ends. Counts its quoted values,
+    /// and sees whether a "[" stands outside of them.
+    std::size_t endOfTag() {
+        quoted = 0;
+        subset = false;
+        for (std::size_t i = 1; i < rest.size(); ++i) {
+            const char c = rest[i];
+            if (c == '>') {
+                return i;
+            }
+            subset = subset || c == '[';
+            if (c == '"' || c == '\'') {
+                ++quoted;
+                i = rest.find(c, i + 1);
+                if (i == std::string_view::npos) {
+                    break;
+                }
+            }
+        }
+        return rest.size();
     }
 
     /// Moves past the end mark; an unfinished construct ends the walk, the parser will refuse it.
@@ -99,6 +124,11 @@ private:
     std::string_view rest;
     int elements = 0;
     int depth = 0;
+    int allAttributes = 0;
+    std::ptrdiff_t otherPieces = 0;
+    bool hasDocumentType = false;
+    int quoted = 0;      ///< Of the last tag.
+    bool subset = false; ///< Of the last tag.
 };
 
 } // namespace

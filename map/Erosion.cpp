@@ -7,36 +7,72 @@
 
 namespace {
 
-/// The mean around a point. The neighbour visited last is added last, since its height is only
-/// just known.
-float meanAround(const float *p, std::ptrdiff_t n, std::ptrdiff_t visited) {
+/// The mean around a point. `visited` is the height of the neighbour visited last: it is added
+/// last, and handed over rather than read back, since all else can be summed before it is known.
+float meanAround(const float *p, std::ptrdiff_t n, float unvisited, float visited) {
     const float above = p[-n - 1] + p[-n] + p[-n + 1];
     const float below = p[n - 1] + p[n] + p[n + 1];
-    return 0.125F * ((above + below + p[-visited]) + p[visited]);
+    return 0.125F * ((above + below + unvisited) + visited);
 }
 
-void forwardPass(float *heights, std::ptrdiff_t n) {
-    for (std::ptrdiff_t row = 1; row < n - 1; ++row) {
-        float *line = heights + row * n;
-        line[0] = 0;
-        for (std::ptrdiff_t column = 1; column < n - 1; ++column) {
-            line[column] = meanAround(line + column, n, -1);
+/// `before` is called with the index of each point just before a point next to it needs its
+/// height for the first time, in rows 2 and up; `after` with each point of an inner row that got
+/// its height.
+template <typename Before, typename After>
+void forwardPass(float *heights, std::ptrdiff_t n, Before before, After after) {
+    for (std::ptrdiff_t first = n; first < n * (n - 1); first += n) {
+        const std::ptrdiff_t last = first + n - 1;
+        heights[first] = 0;
+        before(first + n);
+        before(first + n + 1);
+        after(first);
+        float height = 0;
+        for (std::ptrdiff_t i = first + 1; i < last; ++i) {
+            before(i + n + 1);
+            height = meanAround(heights + i, n, heights[i + 1], height);
+            heights[i] = height;
+            after(i);
         }
-        line[n - 1] = 0;
+        heights[last] = 0;
+        after(last);
     }
 }
 
-void backwardPass(float *heights, std::ptrdiff_t n) {
+template <typename After>
+void backwardPass(float *heights, std::ptrdiff_t n, After after) {
     heights[n * (n - 1)] = 0;
-    for (std::ptrdiff_t row = n - 2; row > 0; --row) {
-        float *line = heights + row * n;
-        line[n - 1] = 0;
-        for (std::ptrdiff_t column = n - 2; column > 0; --column) {
-            line[column] = meanAround(line + column, n, 1);
+    for (std::ptrdiff_t first = n * (n - 2); first > 0; first -= n) {
+        const std::ptrdiff_t last = first + n - 1;
+        heights[last] = 0;
+        after(last);
+        float height = 0;
+        for (std::ptrdiff_t i = last - 1; i > first; --i) {
+            height = meanAround(heights + i, n, heights[i - 1], height);
+            heights[i] = height;
+            after(i);
         }
         // The very first point of the inner rows is left out on the way back.
-        if (row > 1) {
-            line[0] = 0;
+        if (first > n) {
+            heights[first] = 0;
+        }
+        after(first);
+    }
+}
+
+/// All passes; `before` is called in the first one only, `after` in the last one only.
+template <typename Before, typename After>
+void runPasses(float *heights, std::ptrdiff_t n, int passes, Before before, After after) {
+    const auto nothing = [](std::ptrdiff_t) {};
+    for (int pass = 0; pass < passes; ++pass) {
+        const bool isLast = pass == passes - 1;
+        if (pass == 0 && isLast) {
+            forwardPass(heights, n, before, after);
+        } else if (pass == 0) {
+            forwardPass(heights, n, before, nothing);
+        } else if (pass % 2 == 0) {
+            isLast ? forwardPass(heights, n, nothing, after) : forwardPass(heights, n, nothing, nothing);
+        } else {
+            isLast ? backwardPass(heights, n, after) : backwardPass(heights, n, nothing);
         }
     }
 }
@@ -48,24 +84,30 @@ void erode(std::vector<float> &heights, int side, int passes) {
     if (n < 1) {
         return;
     }
-    for (int pass = 0; pass < passes; ++pass) {
-        if (pass % 2 == 0) {
-            forwardPass(heights.data(), n);
-        } else {
-            backwardPass(heights.data(), n);
-        }
-    }
+    const auto nothing = [](std::ptrdiff_t) {};
+    runPasses(heights.data(), n, passes, nothing, nothing);
     std::fill_n(heights.begin(), n, 0.0F);
     std::fill_n(heights.end() - n, n, 0.0F);
 }
 
 void erode(TerrainMesh &terrain, int passes) {
+    const std::ptrdiff_t n = terrain.pointsPerSide();
+    if (n < 1) {
+        return;
+    }
     std::vector<float> heights(terrain.vertices.size());
-    std::transform(terrain.vertices.begin(), terrain.vertices.end(), heights.begin(),
-                   [](const TerrainVertex &vertex) { return vertex.position.y; });
-    erode(heights, terrain.pointsPerSide(), passes);
-    for (std::size_t i = 0; i < heights.size(); ++i) {
-        terrain.vertices[i].position.y = heights[i];
+    float *copy = heights.data();
+    TerrainVertex *vertices = terrain.vertices.data();
+    // A pass waits for one height after the other; meanwhile the copying goes on for free.
+    const auto copyIn = [copy, vertices](std::ptrdiff_t i) { copy[i] = vertices[i].position.y; };
+    const auto copyOut = [copy, vertices](std::ptrdiff_t i) { vertices[i].position.y = copy[i]; };
+    for (std::ptrdiff_t i = 0; i < std::min(2 * n, n * n); ++i) {
+        copyIn(i);
+    }
+    runPasses(copy, n, passes, copyIn, copyOut);
+    for (std::ptrdiff_t i = 0; i < n; ++i) {
+        vertices[i].position.y = 0;
+        vertices[n * n - 1 - i].position.y = 0;
     }
     terrain.markChanged();
 }

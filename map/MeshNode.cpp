@@ -5,6 +5,22 @@
 
 #include <QTextStream>
 
+namespace {
+
+/// Every height and a space. The text is made as long as it can get, filled, and cut off.
+void appendHeights(QByteArray &text, const std::vector<TerrainVertex> &vertices) {
+    const qsizetype before = text.size();
+    text.resize(before + static_cast<qsizetype>(vertices.size() * (longestReal + 1)));
+    char *to = text.data() + before;
+    for (const TerrainVertex &vertex : vertices) {
+        to = writeReal(to, vertex.position.y);
+        *to++ = ' ';
+    }
+    text.truncate(to - text.constData());
+}
+
+} // namespace
+
 void MeshNode::draw(float) {
     TerrainMesh::draw();
 }
@@ -14,9 +30,7 @@ void MeshNode::initGL() {
 }
 
 void MeshNode::writeXml(QTextStream &out) const {
-    // A height takes some ten bytes.
     QByteArray text;
-    text.reserve(256 + static_cast<qsizetype>(randomGeography ? 0 : vertices.size() * 10));
     text += "<MeshNode randomGeography=\"";
     text += randomGeography ? '1' : '0';
     text += "\" texture=\"" + attributeText(texture) + "\" density=\"";
@@ -27,10 +41,7 @@ void MeshNode::writeXml(QTextStream &out) const {
     appendReals(text, color);
     text += "\">\n";
     if (!randomGeography) {
-        for (const TerrainVertex &vertex : vertices) {
-            appendReal(text, vertex.position.y);
-            text += ' ';
-        }
+        appendHeights(text, vertices);
     }
     text += "</MeshNode>\n";
     out << QLatin1String(text);

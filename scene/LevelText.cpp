@@ -68,11 +68,13 @@ void appendEscaped(QByteArray &text, char32_t code) {
 
 } // namespace
 
+char *writeReal(char *to, float value) {
+    return std::to_chars(to, to + longestReal, static_cast<double>(value), std::chars_format::general, 6).ptr;
+}
+
 void appendReal(QByteArray &text, float value) {
-    std::array<char, 32> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                      static_cast<double>(value), std::chars_format::general, 6);
-    text.append(buffer.data(), result.ptr - buffer.data());
+    std::array<char, longestReal> buffer{};
+    text.append(buffer.data(), writeReal(buffer.data(), value) - buffer.data());
 }
 
 void appendInt(QByteArray &text, int value) {

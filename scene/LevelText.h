@@ -9,6 +9,12 @@
 
 /// How numbers and strings stand in a level file, independent of the locale.
 
+/// The most characters that a real takes.
+constexpr std::size_t longestReal = 16;
+
+/// Writes a real as appendReal does to where longestReal characters have room; returns its end.
+char *writeReal(char *to, float value);
+
 /// Appends a real with six significant digits ("%g"): 0.5, 1, 9.8.
 void appendReal(QByteArray &text, float value);
 void appendInt(QByteArray &text, int value);

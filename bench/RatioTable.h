@@ -12,8 +12,8 @@ enum class Timing { Processor, Wall };
 struct RatioCase {
     std::string name;
     std::function<void()> work;
-    std::string floorName;
-    std::function<void()> floor;             ///< None: only the time of the work is shown.
+    std::string floorName = {};
+    std::function<void()> floor = nullptr;   ///< None: only the time of the work is shown.
     double limit = 0;                        ///< Most that work / floor may be; 0: shown without a limit.
     std::function<void()> prepare = nullptr; ///< Run, untimed, before every timed run of either side.
     Timing timing = Timing::Processor;

@@ -49,6 +49,10 @@ void GLMapWidget::paintGL() {
         previewStale = true;
     }
     const GLErrorPaintScope insideAPaint;
+    // A view that is painted without ever having been shown was not told its size.
+    if (viewWidth != width() || viewHeight != height()) {
+        resizeGL(width(), height());
+    }
     setViewport();
     if (preview) {
         paintPreview();

@@ -37,6 +37,17 @@ private slots:
         QVERIFY(!view.grabFramebuffer().isNull());
     }
 
+    void aViewThatWasNeverShownPaintsAndPicks() {
+        GLMapWidget view;
+        view.document->complete();
+        view.refreshTerrain();
+        view.resize(400, 400);
+        ViewDriver driver(view);
+        driver.drag(driver.cellAt(6, 6), driver.cellAt(6, 6));
+        QCOMPARE(driver.selectedCells(), std::vector<int>{126});
+        QVERIFY(shows(driver.pixel(driver.cellAt(6, 6)), 0.55F, 0.975F, 0.975F));
+    }
+
     void pressesHitTheCellTheyPointAt_data() {
         QTest::addColumn<QSize>("size");
         for (const QSize size :

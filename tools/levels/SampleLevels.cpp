@@ -86,7 +86,7 @@ void makeDefault(LevelDocument &level) {
     light(level, 70, {1, 0.95F, 0.85F}, false);
     Sculptor sculptor(*level.mesh);
     sculptor.turnWheel([](int c, int r) {
-        const double height = 11 * hill(c, r, 4.5, 14.5, 5.5) + 8 * hill(c, r, 14.5, 15, 5) +
+        const double height = 16 * hill(c, r, 4.5, 14.5, 5.5) + 12 * hill(c, r, 14.5, 15, 5) +
                               6 * hill(c, r, 3.5, 5, 4.5) + 7 * hill(c, r, 9.5, 18, 4) +
                               4 * hill(c, r, 16, 3.5, 3.5);
         return static_cast<int>(std::lround(height + 0.5 * scatter(c, r) * (height > 1 ? 1 : 0)));
@@ -107,9 +107,9 @@ void makeDefault(LevelDocument &level) {
 /// Islands in a wide bay: four teams, sixteen players, little dry land.
 void makeIslands(LevelDocument &level) {
     setSize(level, 80, 4);
-    dress(level, "sand", "water1", "clean1", "parrot");
-    paintGround(level, {1, 0.96F, 0.86F});
-    level.background->waterColor = {0.15F, 0.45F, 0.6F};
+    dress(level, "sand", "water2", "clean1", "parrot");
+    paintGround(level, {0.8F, 0.78F, 0.68F});
+    level.background->waterColor = {0.1F, 0.6F, 1};
     light(level, 50, {1, 0.97F, 0.9F}, false);
     level.background->birdsNumber = 9;
     const auto land = [](int c, int r) {
@@ -119,6 +119,9 @@ void makeIslands(LevelDocument &level) {
     Sculptor sculptor(*level.mesh);
     sculptor.turnWheel([land](int c, int r) {
         const double height = land(c, r);
+        if (c == 0 || r == 0 || c == 19 || r == 19) {
+            return 0; // the shore of the bay
+        }
         if (height < 0.28) {
             return -static_cast<int>(std::lround(2 + 3 * (0.28 - height) / 0.28));
         }
@@ -186,7 +189,7 @@ void makePass(LevelDocument &level) {
         const double bend = 9.5 + 2.2 * std::sin(r * 0.42);
         const double away = std::abs(c - bend);
         const double wall = std::min(1.0, std::max(0.0, (away - 2.0) / 4.0));
-        const double fade = std::min({1.0, c / 2.0, (19 - c) / 2.0});
+        const double fade = std::min({1.0, c / 2.0, (19 - c) / 2.0, r / 2.5, (19 - r) / 2.5});
         return static_cast<int>(std::lround(12 * wall * wall * fade + 1.5 * scatter(c, r) * wall +
                                             3 * std::exp(-(r - 9.5) * (r - 9.5) / 8.0)));
     });

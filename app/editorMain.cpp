@@ -86,7 +86,12 @@ void editorMain::Fog_toggled(bool on) {
 
 void editorMain::water_toggled(bool on) {
     environment().water = on;
-    mapView->update();
+    if (on) {
+        // The plane's list is only made while the water is on.
+        mapView->setDirty(true);
+    } else {
+        mapView->update();
+    }
 }
 
 void editorMain::waterWalking_toggled(bool on) {

@@ -6,9 +6,9 @@
 #include "map/CellGrid.h"
 #include "map/Erosion.h"
 #include "map/MeshNode.h"
+#include "scene/LevelFile.h"
 
 #include <QBuffer>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <array>
@@ -148,11 +148,7 @@ private:
 
     void saveBare() { check(bareWriting(folder.filePath("floor").toStdString(), bytes), "bare writing"); }
 
-    void save() {
-        QSaveFile file(folder.filePath("level.xml"));
-        check(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit(),
-              "saving");
-    }
+    void save() { check(saveBytes(bytes, folder.filePath("level.xml")), "saving"); }
 
     float sampledHeights() const {
         constexpr int k = side / CellGrid::cellsPerSide;

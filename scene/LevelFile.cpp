@@ -10,6 +10,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(levels, "druvelk.levels")
 
+} // namespace
+
 QByteArray levelBytes(const CISG &level) {
     QByteArray bytes;
     QTextStream out(&bytes);
@@ -18,10 +20,7 @@ QByteArray levelBytes(const CISG &level) {
     return bytes;
 }
 
-} // namespace
-
-bool saveLevel(const CISG &level, const QString &fileName) {
-    const QByteArray bytes = levelBytes(level);
+bool saveBytes(const QByteArray &bytes, const QString &fileName) {
     QSaveFile file(fileName);
     file.setDirectWriteFallback(true);
     bool saved = file.open(QIODevice::WriteOnly);
@@ -37,4 +36,8 @@ bool saveLevel(const CISG &level, const QString &fileName) {
         qCWarning(levels).noquote() << "Cannot save" << fileName << "-" << file.errorString();
     }
     return saved;
+}
+
+bool saveLevel(const CISG &level, const QString &fileName) {
+    return saveBytes(levelBytes(level), fileName);
 }

@@ -1,0 +1,116 @@
+#include "tools/assets/pictures/Grounds.h"
+
+#include "tools/assets/pictures/GrassBlades.h"
+#include "tools/assets/pictures/Noise.h"
+#include "tools/assets/pictures/Stroke.h"
+
+namespace {
+
+constexpr int side = 1024;
+constexpr float circle = 6.2831853F;
+
+/// Cracks in ice: long bent lines, each with finer branches.
+void drawCracks(Field &cracks, int count, Random &random) {
+    for (int i = 0; i < count; ++i) {
+        const float angle = circle * random.fraction();
+        const float length = random.between(90.0F, 420.0F);
+        const float bend = 0.35F * random.bell();
+        Stroke stroke;
+        stroke.start = static_cast<float>(side) * glm::vec2(random.fraction(), random.fraction());
+        stroke.control = stroke.start + 0.5F * length * glm::vec2(std::cos(angle), std::sin(angle));
+        stroke.end =
+            stroke.control + 0.5F * length * glm::vec2(std::cos(angle + bend), std::sin(angle + bend));
+        stroke.startRadius = 0.2F;
+        stroke.middleRadius = random.between(0.5F, 1.5F);
+        stroke.endRadius = 0.1F;
+        const float strength = random.between(0.35F, 1.0F);
+        drawStroke(stroke, [&](const StrokeTexel &texel) {
+            float &value = cracks.at(texel.x, texel.y);
+            value = std::max(value, strength * texel.coverage);
+        });
+    }
+}
+
+/// Crystals that catch the light: single bright texels with faint arms.
+void drawSparkles(Picture &picture, int count, Random &random) {
+    for (int i = 0; i < count; ++i) {
+        const glm::ivec2 at(random.below(side), random.below(side));
+        const float strength = random.fraction() * random.fraction();
+        picture.at(at.x, at.y) += 0.30F * strength;
+        for (const glm::ivec2 arm :
+             {glm::ivec2(1, 0), glm::ivec2(-1, 0), glm::ivec2(0, 1), glm::ivec2(0, -1)}) {
+            picture.at(at.x + arm.x, at.y + arm.y) += 0.10F * strength;
+        }
+    }
+}
+
+} // namespace
+
+Picture freshSnow() {
+    Field height(side);
+    height.fill([](glm::vec2 uv) {
+        const glm::vec2 warp(0.05F * fractalNoise(uv, 4, 3, 701), 0.05F * fractalNoise(uv, 4, 3, 702));
+        const float drifts = 0.75F * fractalNoise(uv + warp, 7, 4, 703, 0.42F);
+        const float lumps = 0.16F * std::max(0.0F, fractalNoise(uv, 34, 3, 704));
+        return drifts + lumps + 0.035F * fractalNoise(uv, 128, 3, 705, 0.7F);
+    });
+    const Field broad = relief(height, 70);
+    const Field close = relief(height, 9);
+    const Field level = levelness(height, 30.0F);
+    Picture picture(side);
+    picture.fill([&](glm::vec2 uv) {
+        const glm::ivec2 at(uv * static_cast<float>(side));
+        const float lit = 0.60F + 0.26F * broad.at(at.x, at.y) + 1.3F * close.at(at.x, at.y) +
+                          0.26F * (level.at(at.x, at.y) - 0.9F) +
+                          0.10F * (hashedFraction(at.x, at.y, 706) - 0.5F);
+        return ramp({{0.50F, 0.60F, 0.74F},
+                     {0.66F, 0.74F, 0.85F},
+                     {0.82F, 0.87F, 0.93F},
+                     {0.94F, 0.96F, 0.98F},
+                     {1.0F, 1.0F, 1.0F}},
+                    lit);
+    });
+    Random random(707);
+    drawSparkles(picture, 9000, random);
+    flattenLarge(picture, 150, 0.6F);
+    setMeanLuminance(picture, 0.80F);
+    return picture;
+}
+
+Picture packedSnow() {
+    Random random(711);
+    Field cracks(side);
+    drawCracks(cracks, 150, random);
+    const Field halo = blurred(cracks, 5);
+    Field height(side);
+    height.fill([](glm::vec2 uv) {
+        // Wind has carved the crust along x.
+        const glm::vec2 warp(0.04F * fractalNoise(uv, 5, 4, 712), 0.05F * fractalNoise(uv, 5, 4, 713));
+        return 0.55F * fractalNoise(uv + warp, 8, 6, 714, 0.55F) + 0.45F * ridgedNoise(uv + warp, 11, 5, 715);
+    });
+    const Field cavity = relief(height, 18);
+    const Field level = levelness(height, 14.0F);
+    Picture picture(side);
+    picture.fill([&](glm::vec2 uv) {
+        const glm::ivec2 at(uv * static_cast<float>(side));
+        const float bare = glm::smoothstep(0.05F, -0.22F, height.at(at.x, at.y) - 0.30F);
+        const float inside =
+            fractalNoise(uv + glm::vec2(0.03F * fractalNoise(uv, 7, 3, 716)), 12, 6, 717, 0.6F);
+        const CellSample bubble = cellNoise(uv, 80, 1.0F, 718);
+        const float bubbles =
+            static_cast<float>(bubble.id & 0xFFU) > 190.0F ? std::exp(-30.0F * bubble.nearest) : 0.0F;
+        glm::vec3 ice =
+            ramp({{0.38F, 0.54F, 0.66F}, {0.50F, 0.67F, 0.77F}, {0.66F, 0.80F, 0.87F}}, 0.5F + 0.5F * inside);
+        ice += glm::vec3(0.30F, 0.26F, 0.22F) *
+               (0.9F * cracks.at(at.x, at.y) + 1.1F * halo.at(at.x, at.y) + 0.5F * bubbles);
+        const float grain = hashedFraction(at.x, at.y, 719) - 0.5F;
+        glm::vec3 crust = ramp({{0.62F, 0.70F, 0.80F}, {0.80F, 0.86F, 0.91F}, {0.95F, 0.97F, 0.98F}},
+                               0.55F + 1.1F * cavity.at(at.x, at.y) + 0.12F * grain +
+                                   0.06F * fractalNoise(uv, 90, 4, 720, 0.7F));
+        crust *= 0.66F + 0.34F * level.at(at.x, at.y);
+        return glm::mix(crust, ice, 0.9F * bare);
+    });
+    flattenLarge(picture, 170, 0.6F);
+    setMeanLuminance(picture, 0.68F);
+    return picture;
+}

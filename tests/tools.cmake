@@ -1,0 +1,16 @@
+# Tests of tools/. What the generator has made is looked at as a user finds it, so they link none of it.
+function(druvelk_tree_test path)
+  get_filename_component(name ${path} NAME)
+  add_executable(${name} ${path}.cpp)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE druvelk_flags Qt6::Gui Qt6::Test)
+  target_compile_definitions(${name} PRIVATE
+    DRUVELK_DATA_TREE="${PROJECT_SOURCE_DIR}/workspace/data"
+    DRUVELK_ASSETS="$<TARGET_FILE:druvelk-assets>")
+  add_dependencies(${name} data-tree)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+druvelk_tree_test(tools/PicturesTest)
+druvelk_tree_test(tools/AssetTreeTest)

@@ -158,9 +158,10 @@ void paintWing(QPainter &painter, const BirdLook &look, const WingBones &bones, 
     edge.quadTo(between(bones.shoulder, bones.wrist, 0.6) + QPointF(24, 6), bones.wrist + QPointF(4, 2));
     edge.quadTo(bones.wrist + QPointF(6, -40), bones.hand);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(shaded(look.smallCovert), 26, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(shaded(mixed(look.smallCovert, Qt::black, 0.08)), 17, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
     painter.drawPath(edge);
-    painter.setPen(QPen(shaded(mixed(look.smallCovert, Qt::white, 0.16)), 9, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(shaded(mixed(look.smallCovert, Qt::white, 0.12)), 5, Qt::SolidLine, Qt::RoundCap));
     painter.drawPath(edge.translated(5, -1));
 }
 
@@ -184,6 +185,8 @@ void paintBody(QPainter &painter, const BirdLook &look, Random &random) {
     painter.setBrush(look.back);
     painter.drawPath(body);
     painter.setClipPath(body);
+    painter.setBrush(look.head);
+    painter.drawEllipse(QPointF(800, 560), 75, 85);
     for (double x = 330; x < 868; x += 12) {
         for (double y = 500; y < 740; y += 11) {
             const double across = qBound(0.0, (y - 555 + 0.12 * (x - 600)) / 130, 1.0);
@@ -297,7 +300,8 @@ QImage paintBird(const BirdLook &look, std::uint32_t seed) {
     canvas.fill(look.ground);
     QPainter painter(&canvas);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(20, 30);
+    painter.translate(30, 120);
+    painter.scale(0.96, 0.96);
     paintWing(painter, look, {{664, 566}, {806, 392}, {836, 250}}, 0.34, random);
     paintTail(painter, look, random);
     if (look.talons) {
@@ -384,8 +388,8 @@ QImage parrotPicture() {
     look.smallCovert = QColor(212, 34, 30);
     look.tail = QColor(204, 32, 30);
     look.tailTip = QColor(34, 70, 170);
-    look.tailLength = 330;
-    look.tailSpread = 0.22;
+    look.tailLength = 350;
+    look.tailSpread = 0.10;
     look.wingLength = 0.86;
     look.hook = 1.3;
     look.talons = false;

@@ -1,6 +1,7 @@
 #include "tools/assets/pictures/Skies.h"
 
 #include "tools/assets/pictures/Air.h"
+#include "tools/assets/pictures/Field.h"
 #include "tools/assets/pictures/Noise.h"
 
 #include <algorithm>
@@ -14,10 +15,10 @@ namespace {
 constexpr float worldRadius = 130;
 constexpr float base = 1.0F; ///< Of the layer, above the viewer; all lengths are in this unit.
 constexpr float thickness = 0.85F;
-constexpr int steps = 56;
+constexpr float fullDensity = 22;
 
 const Air air{
-    {0.17F, 0.39F, 0.74F}, {0.38F, 0.61F, 0.87F}, {0.79F, 0.87F, 0.93F}, {0.71F, 0.78F, 0.83F}, 0.13F};
+    {0.22F, 0.44F, 0.75F}, {0.44F, 0.65F, 0.88F}, {0.80F, 0.88F, 0.93F}, {0.72F, 0.79F, 0.83F}, 0.22F};
 
 float distanceToHeight(float up, float height) {
     const float b = worldRadius * up;
@@ -29,65 +30,98 @@ float heightOf(glm::vec3 p) {
     return p.y + 0.5F * (p.x * p.x + p.z * p.z) / worldRadius;
 }
 
-/// How far a place is inside a cloud: above 0 inside, without the fine detail.
+/// Where clouds gather, as a map seen from above: asked for so often that it is made once.
+class WeatherMap {
+public:
+    WeatherMap() : m_map(1024) {
+        m_map.fill([](glm::vec2 uv) { return fractalNoise(uv, 34, 3, 931, 0.5F); });
+    }
+
+    float at(float x, float z) const {
+        const float u = (x / span + 0.5F) * 1024.0F;
+        const float v = (z / span + 0.5F) * 1024.0F;
+        const float left = std::floor(u);
+        const float top = std::floor(v);
+        const int i = static_cast<int>(left);
+        const int k = static_cast<int>(top);
+        return glm::mix(glm::mix(m_map.at(i, k), m_map.at(i + 1, k), u - left),
+                        glm::mix(m_map.at(i, k + 1), m_map.at(i + 1, k + 1), u - left), v - top);
+    }
+
+private:
+    static constexpr float span = 48;
+    Field m_map;
+};
+
+/// How far a place is inside a cloud, without its heaps: above 0 inside.
 float broadShape(glm::vec3 p, float rise) {
-    const float weather = spaceFractal(glm::vec3(0.62F * p.x + 3.1F, 0.0F, 0.62F * p.z - 1.7F), 3, 931, 0.5F);
-    return weather - 0.10F - 0.85F * rise * rise - 0.35F * glm::smoothstep(0.10F, 0.0F, rise);
+    static const WeatherMap weather;
+    return weather.at(p.x, p.z) - 0.12F - 0.85F * rise * rise - 0.35F * glm::smoothstep(0.10F, 0.0F, rise);
 }
 
-/// Share of light that a unit length takes away, 0 outside.
-float density(glm::vec3 p) {
-    const float rise = (heightOf(p) - base) / thickness;
+float riseOf(glm::vec3 p) {
+    return (heightOf(p) - base) / thickness;
+}
+
+/// Share of light that a unit length takes away, 0 outside. Without `fine` the smallest curls are left out.
+float density(glm::vec3 p, bool fine) {
+    const float rise = riseOf(p);
     if (rise < 0.0F || rise > 1.0F) {
         return 0;
     }
     float shape = broadShape(p, rise);
-    if (shape < -0.5F) {
+    if (shape < -0.42F) {
         return 0;
     }
     // Rounded heaps on the outside, finer ones on those.
-    const float heaps = 0.42F - std::abs(spaceNoise(p * 2.9F, 932)) * 1.0F;
-    const float tufts = 0.21F - std::abs(spaceNoise(p * 6.3F, 933)) * 0.5F;
-    const float curls = spaceFractal(p * 13.0F, 2, 934);
-    shape += (0.55F * heaps + 0.55F * tufts + 0.07F * curls) * (0.35F + 0.9F * rise);
-    return 22.0F * glm::clamp(shape * 4.0F, 0.0F, 1.0F);
+    const float strength = 0.35F + 0.9F * rise;
+    shape += 0.55F * strength * (0.42F - std::abs(spaceNoise(p * 2.9F, 932)));
+    if (fine && shape > -0.25F && shape < 0.5F) {
+        shape += strength * (0.55F * (0.21F - 0.5F * std::abs(spaceNoise(p * 6.3F, 933))) +
+                             0.07F * spaceFractal(p * 13.0F, 2, 934));
+    }
+    return fullDensity * glm::clamp(shape * 4.0F, 0.0F, 1.0F);
 }
 
 /// Light that comes down to a place, 0 to 1.
 float lightAt(glm::vec3 p, float here) {
-    const float above = 0.07F * here + 0.10F * density(p + glm::vec3(0, 0.10F, 0)) +
-                        0.20F * density(p + glm::vec3(0, 0.26F, 0));
+    const float above = 0.07F * here + 0.10F * density(p + glm::vec3(0, 0.10F, 0), false) +
+                        0.20F * density(p + glm::vec3(0, 0.26F, 0), false);
     return std::exp(-0.42F * above);
+}
+
+/// What is seen of a place inside a cloud at `distance`.
+glm::vec3 cloudColor(glm::vec3 p, float here, float distance, glm::vec3 behind) {
+    const float rise = glm::clamp(riseOf(p), 0.0F, 1.0F);
+    const glm::vec3 ambient = glm::mix(glm::vec3(0.58F, 0.63F, 0.70F), glm::vec3(0.75F, 0.80F, 0.87F), rise);
+    const glm::vec3 lit = glm::mix(ambient, glm::vec3(1.0F, 0.995F, 0.98F), lightAt(p, here));
+    const float haze = 1.0F - std::exp(-distance / 9.0F);
+    return glm::mix(lit, behind, haze * haze);
 }
 
 } // namespace
 
 glm::vec3 cumulusSky(glm::vec3 direction) {
     const glm::vec3 behind = air.color(direction);
-    if (direction.y <= 0.0F) {
+    if (direction.y <= 0.01F) {
         return behind;
     }
     const float near = distanceToHeight(direction.y, base);
     const float far = std::min(distanceToHeight(direction.y, base + thickness), near + 4.5F);
+    // A line of sight along the layer is longer, but what it meets is farther away.
+    const int steps = static_cast<int>(30.0F + 14.0F * std::min(1.0F, (far - near) / 3.0F));
     const float step = (far - near) / static_cast<float>(steps);
     glm::vec3 gathered(0);
     float clear = 1;
     for (int i = 0; i < steps && clear > 0.02F; ++i) {
         const float distance = near + (static_cast<float>(i) + 0.5F) * step;
         const glm::vec3 p = distance * direction;
-        const float here = density(p);
-        if (here <= 0.0F) {
-            continue;
+        const float here = density(p, true);
+        if (here > 0.0F) {
+            const float passed = std::exp(-here * step);
+            gathered += clear * (1.0F - passed) * cloudColor(p, here, distance, behind);
+            clear *= passed;
         }
-        const float passed = std::exp(-here * step);
-        const float light = lightAt(p, here);
-        const float rise = glm::clamp((heightOf(p) - base) / thickness, 0.0F, 1.0F);
-        const glm::vec3 ambient =
-            glm::mix(glm::vec3(0.56F, 0.62F, 0.70F), glm::vec3(0.74F, 0.80F, 0.88F), rise);
-        const glm::vec3 lit = glm::mix(ambient, glm::vec3(1.0F, 0.995F, 0.98F), light);
-        const float haze = 1.0F - std::exp(-distance / 9.0F);
-        gathered += clear * (1.0F - passed) * glm::mix(lit, behind, haze * haze);
-        clear *= passed;
     }
     const glm::vec3 color = gathered + clear * behind;
     return glm::mix(behind, color, glm::smoothstep(0.01F, 0.10F, direction.y));

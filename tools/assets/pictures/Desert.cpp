@@ -71,15 +71,16 @@ void scatterGrit(Picture &picture, int count, float largest, const std::vector<g
 }
 
 /// The colour of stone `id` at a place: its own tone, layers, speckles.
-glm::vec3 stoneColor(const Stone &stone, glm::vec2 uv, const std::vector<glm::vec3> &kinds) {
+glm::vec3 stoneColor(const Stone &stone, glm::vec2 uv, float mottling, const std::vector<glm::vec3> &kinds) {
     const float tone = hashedFraction(1, 9, stone.seed);
     const glm::vec3 base = ramp(kinds, tone) * (0.82F + 0.36F * hashedFraction(2, 9, stone.seed));
     const float turn = circle * hashedFraction(3, 9, stone.seed);
-    const float layers = std::sin(900.0F * (uv.x * std::cos(turn) + uv.y * std::sin(turn)) +
-                                  5.0F * fractalNoise(uv, 30, 3, stone.seed & 0xFFU));
-    const float layered = hashedFraction(4, 9, stone.seed) > 0.6F ? 0.07F : 0.015F;
-    const float mottled = 0.16F * fractalNoise(uv, 64, 5, 520, 0.65F);
-    return base * (1.0F + layered * layers + mottled);
+    // Some kinds are banded.
+    float banded = 0;
+    if (hashedFraction(4, 9, stone.seed) > 0.6F) {
+        banded = 0.07F * std::sin(900.0F * (uv.x * std::cos(turn) + uv.y * std::sin(turn)) + 5.0F * mottling);
+    }
+    return base * (1.0F + banded + 0.16F * mottling);
 }
 
 } // namespace
@@ -92,12 +93,12 @@ Picture crackedEarth() {
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at = texel(uv, side);
         const float dust = 0.5F + 0.5F * fractalNoise(uv, 8, 6, 510, 0.6F);
-        glm::vec3 color = ramp({{0.55F, 0.27F, 0.16F}, {0.70F, 0.37F, 0.22F}, {0.80F, 0.50F, 0.33F}},
+        glm::vec3 color = ramp({{0.50F, 0.30F, 0.22F}, {0.64F, 0.40F, 0.29F}, {0.75F, 0.53F, 0.41F}},
                                0.25F + 0.5F * dust + 0.25F * (mud.plate.at(at.x, at.y) - 0.5F));
         color *= 1.0F + 0.09F * fractalNoise(uv, 90, 4, 511, 0.7F) + 0.05F * grain(at, 512);
         const float height = mud.height.at(at.x, at.y);
         const glm::vec3 shade =
-            glm::mix(glm::vec3(0.30F, 0.22F, 0.20F), glm::vec3(1), glm::smoothstep(0.02F, 0.62F, height));
+            glm::mix(glm::vec3(0.36F, 0.27F, 0.24F), glm::vec3(1), glm::smoothstep(0.02F, 0.62F, height));
         return color * shade * (0.55F + 0.45F * level.at(at.x, at.y)) *
                (1.0F + 0.55F * cavity.at(at.x, at.y));
     });
@@ -122,19 +123,25 @@ Picture stonyDesert() {
                                        {0.60F, 0.46F, 0.36F},
                                        {0.55F, 0.53F, 0.51F},
                                        {0.74F, 0.66F, 0.54F}};
+    // What needs no clean outline is made at the final size.
+    Field mottling(side);
+    mottling.fill([](glm::vec2 uv) { return fractalNoise(uv, 64, 5, 520, 0.65F); });
+    Field sandy(side);
+    sandy.fill([](glm::vec2 uv) { return fractalNoise(uv, 40, 5, 523, 0.7F); });
     Picture picture(fine);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at = texel(uv, fine);
+        const glm::ivec2 half = at / 2;
         const int owner = layer.owner.at(at.x, at.y);
         const float shade = glm::clamp(1.0F + 0.022F * cavity.at(at.x, at.y), 0.35F, 1.22F);
         if (owner < 0) {
-            const float sand = 1.0F + 0.10F * fractalNoise(uv, 40, 5, 523, 0.7F) + 0.16F * grain(at / 2, 524);
+            const float sand = 1.0F + 0.10F * sandy.at(half.x, half.y) + 0.16F * grain(half, 524);
             return glm::vec3(0.76F, 0.63F, 0.47F) * sand * shade * shade;
         }
         const float rim = layer.rim.at(at.x, at.y);
         const float dome = 1.06F - 0.30F * rim * rim - 0.35F * glm::smoothstep(0.88F, 1.0F, rim);
-        return stoneColor(stones[static_cast<std::size_t>(owner)], uv, kinds) * dome *
-               glm::mix(1.0F, shade, 0.6F);
+        return stoneColor(stones[static_cast<std::size_t>(owner)], uv, mottling.at(half.x, half.y), kinds) *
+               dome * glm::mix(1.0F, shade, 0.6F);
     });
     Picture out = halved(picture);
     scatterGrit(out, 5200, 3.2F, kinds, random);

@@ -14,8 +14,8 @@ Picture soil(const std::vector<glm::vec3> &stops, std::uint32_t seed) {
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const float broad = fractalNoise(uv, 10, 5, seed, 0.6F);
-        const float crumbs = cellNoise(uv, 110, 1.0F, seed + 7).nearest;
-        return ramp(stops, 0.5F + 0.3F * broad) * (1.15F - 0.4F * crumbs);
+        const float crumbs = fractalNoise(uv, 90, 3, seed + 7, 0.8F);
+        return ramp(stops, 0.5F + 0.3F * broad) * (1.0F + 0.16F * crumbs);
     });
     return picture;
 }
@@ -86,7 +86,7 @@ void drawMossPile(Picture &picture, const Field &height, Random &random) {
 
 /// Fallen needles, twigs and leaves.
 void drawLitter(Picture &picture, int count, Random &random) {
-    const std::vector<glm::vec3> stops{{0.40F, 0.28F, 0.17F}, {0.58F, 0.42F, 0.24F}, {0.66F, 0.54F, 0.36F}};
+    const std::vector<glm::vec3> stops{{0.36F, 0.29F, 0.19F}, {0.50F, 0.41F, 0.26F}, {0.60F, 0.53F, 0.37F}};
     for (int i = 0; i < count; ++i) {
         const glm::vec2 root(side * random.fraction(), side * random.fraction());
         const glm::vec3 color = ramp(stops, random.fraction());
@@ -103,10 +103,10 @@ Picture lushGrass() {
     GrassLook look;
     look.tufts = 7600;
     look.root = {0.15F, 0.22F, 0.07F};
-    look.colors = {{0.38F, 0.58F, 0.18F},
-                   {0.46F, 0.66F, 0.22F},
-                   {0.34F, 0.53F, 0.20F},
-                   {0.55F, 0.69F, 0.28F},
+    look.colors = {{0.40F, 0.57F, 0.22F},
+                   {0.48F, 0.64F, 0.26F},
+                   {0.36F, 0.52F, 0.23F},
+                   {0.57F, 0.67F, 0.33F},
                    {0.42F, 0.60F, 0.30F}};
     drawGrass(picture, look, Field(side, 1.0F), random);
     const Field clover = patches(5, 0.42F, 0.12F, 105);

@@ -16,8 +16,14 @@ std::uint32_t mixed(std::uint32_t value) {
 }
 
 int wrapped(int value, int period) {
-    const int rest = value % period;
-    return rest < 0 ? rest + period : rest;
+    // Callers stay within a picture and its warp: a division would cost more than the odd second turn.
+    while (value < 0) {
+        value += period;
+    }
+    while (value >= period) {
+        value -= period;
+    }
+    return value;
 }
 
 float fade(float t) {
@@ -50,8 +56,8 @@ float spaceDot(int x, int y, int z, std::uint32_t seed, glm::vec3 d) {
 } // namespace
 
 std::uint32_t hashed(int x, int y, std::uint32_t seed) {
-    return mixed(static_cast<std::uint32_t>(x) * 0x9E3779B1U ^
-                 mixed(static_cast<std::uint32_t>(y) * 0x85EBCA77U ^ seed * 0xC2B2AE3DU));
+    return mixed(static_cast<std::uint32_t>(x) * 0x9E3779B1U + static_cast<std::uint32_t>(y) * 0x85EBCA77U +
+                 seed * 0xC2B2AE3DU);
 }
 
 float hashedFraction(int x, int y, std::uint32_t seed) {
@@ -105,8 +111,15 @@ CellSample cellNoise(glm::vec2 uv, int period, float jitter, std::uint32_t seed)
     float first = 1e9F;
     float second = 1e9F;
     glm::vec2 toSecond(0);
-    for (int dy = -2; dy <= 2; ++dy) {
-        for (int dx = -2; dx <= 2; ++dx) {
+    const glm::vec2 inCell = p - glm::vec2(base);
+    // Inner cells first: most outer ones are then too far away to matter.
+    for (const int dy : {0, -1, 1, -2, 2}) {
+        for (const int dx : {0, -1, 1, -2, 2}) {
+            const glm::vec2 corner = glm::vec2(dx, dy) - inCell;
+            const glm::vec2 gap = glm::max(glm::max(corner, -corner - 1.0F), 0.0F);
+            if (glm::dot(gap, gap) >= second) {
+                continue;
+            }
             const int x = wrapped(base.x + dx, period);
             const int y = wrapped(base.y + dy, period);
             const std::uint32_t h = hashed(x, y, seed);

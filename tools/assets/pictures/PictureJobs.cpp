@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int groundQuality = 88;
-constexpr int waterQuality = 92;
+constexpr int groundQuality = 95;
+constexpr int waterQuality = 96;
 constexpr int birdQuality = 94;
 constexpr int skyQuality = 94;
 constexpr int skySide = 512;

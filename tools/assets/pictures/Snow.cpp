@@ -49,9 +49,10 @@ void drawSparkles(Picture &picture, int count, Random &random) {
 Picture freshSnow() {
     Field height(side);
     height.fill([](glm::vec2 uv) {
-        const glm::vec2 warp(0.05F * fractalNoise(uv, 4, 3, 701), 0.05F * fractalNoise(uv, 4, 3, 702));
-        const float drifts = 0.75F * fractalNoise(uv + warp, 7, 4, 703, 0.42F);
-        const float lumps = 0.16F * std::max(0.0F, fractalNoise(uv, 34, 3, 704));
+        const glm::vec2 warp(0.02F * fractalNoise(uv, 5, 2, 701), 0.02F * fractalNoise(uv, 5, 2, 702));
+        const float drifts = 0.70F * fractalNoise(uv + warp, 8, 3, 703, 0.40F);
+        const float lumps =
+            0.20F * std::max(0.0F, fractalNoise(uv, 30, 2, 704)) + 0.05F * fractalNoise(uv, 55, 2, 708);
         return drifts + lumps + 0.035F * fractalNoise(uv, 128, 3, 705, 0.7F);
     });
     const Field broad = relief(height, 70);
@@ -63,9 +64,9 @@ Picture freshSnow() {
         const float lit = 0.60F + 0.26F * broad.at(at.x, at.y) + 1.3F * close.at(at.x, at.y) +
                           0.26F * (level.at(at.x, at.y) - 0.9F) +
                           0.10F * (hashedFraction(at.x, at.y, 706) - 0.5F);
-        return ramp({{0.50F, 0.60F, 0.74F},
-                     {0.66F, 0.74F, 0.85F},
-                     {0.82F, 0.87F, 0.93F},
+        return ramp({{0.55F, 0.63F, 0.75F},
+                     {0.72F, 0.79F, 0.87F},
+                     {0.86F, 0.90F, 0.94F},
                      {0.94F, 0.96F, 0.98F},
                      {1.0F, 1.0F, 1.0F}},
                     lit);
@@ -85,7 +86,7 @@ Picture packedSnow() {
     Field height(side);
     height.fill([](glm::vec2 uv) {
         // Wind has carved the crust along x.
-        const glm::vec2 warp(0.04F * fractalNoise(uv, 5, 4, 712), 0.05F * fractalNoise(uv, 5, 4, 713));
+        const glm::vec2 warp(0.018F * fractalNoise(uv, 6, 3, 712), 0.018F * fractalNoise(uv, 6, 3, 713));
         return 0.55F * fractalNoise(uv + warp, 8, 6, 714, 0.55F) + 0.45F * ridgedNoise(uv + warp, 11, 5, 715);
     });
     const Field cavity = relief(height, 18);

@@ -12,7 +12,8 @@ float outline(const Stone &stone, float angle) {
     for (int wave = 2; wave <= 6; ++wave) {
         const float phase = circle * hashedFraction(wave, 1, stone.seed);
         const float size = hashedFraction(wave, 2, stone.seed) - 0.3F;
-        radius += stone.corners * size * std::cos(static_cast<float>(wave) * angle + phase);
+        radius += stone.corners * size * (3.0F / (1.0F + static_cast<float>(wave))) *
+                  std::cos(static_cast<float>(wave) * angle + phase);
     }
     return radius;
 }

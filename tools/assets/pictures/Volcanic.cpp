@@ -84,43 +84,51 @@ Picture glowingBasalt() {
 Picture ashAndCinders() {
     constexpr int fine = 2 * side;
     Random random(621);
-    std::vector<Stone> stones = scatterStones(fine, 3600, 5, 46, 0.05F, random);
+    std::vector<Stone> stones = scatterStones(fine, 1900, 4, 50, 0.05F, random);
     for (Stone &stone : stones) {
-        stone.corners = 0.26F;
+        stone.corners = 0.22F;
     }
     StoneLayer layer(fine);
     layStones(layer, stones, 2.2F);
-    Field ground(fine);
+    // What needs no clean outline is made at the final size.
+    Field ground(side);
     ground.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.03F * fractalNoise(uv, 6, 3, 622), 0.03F * fractalNoise(uv, 6, 3, 623));
-        return 26.0F * fractalNoise(uv + warp, 9, 6, 624, 0.55F);
+        return fractalNoise(uv + warp, 9, 6, 624, 0.55F);
     });
-    const Field drifts = relief(ground, 60);
+    const Field drifts = relief(ground, 30);
+    Field tone(side);
+    tone.fill([](glm::vec2 uv) { return fractalNoise(uv, 10, 5, 626); });
+    Field rough(side);
+    rough.fill([](glm::vec2 uv) { return ridgedNoise(uv, 60, 4, 628) - 0.55F * pores(uv, 170, 629); });
+    Field dusty(side);
+    dusty.fill([](glm::vec2 uv) { return fractalNoise(uv, 50, 4, 630); });
+    Field grit(side);
+    grit.fill([](glm::vec2 uv) { return fractalNoise(uv, 100, 3, 627, 0.7F); });
     const Field cavity = relief(layer.height, 16);
     Picture picture(fine);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(fine));
-        const float grain = hashedFraction(at.x / 2, at.y / 2, 625) - 0.5F;
+        const glm::ivec2 half = at / 2;
+        const float grain = hashedFraction(half.x, half.y, 625) - 0.5F;
         const float shade = glm::clamp(1.0F + 0.03F * cavity.at(at.x, at.y), 0.35F, 1.25F);
-        const float drift = glm::clamp(1.0F + 0.012F * drifts.at(at.x, at.y), 0.7F, 1.25F);
+        const float drift = glm::clamp(1.0F + 0.30F * drifts.at(half.x, half.y), 0.7F, 1.25F);
         const glm::vec3 ash = glm::mix(glm::vec3(0.56F, 0.54F, 0.52F), glm::vec3(0.66F, 0.64F, 0.63F),
-                                       0.5F + 0.5F * fractalNoise(uv, 10, 5, 626)) *
-                              (1.0F + 0.10F * grain + 0.07F * fractalNoise(uv, 100, 4, 627, 0.7F)) * drift *
-                              shade;
+                                       0.5F + 0.5F * tone.at(half.x, half.y)) *
+                              (1.0F + 0.10F * grain + 0.07F * grit.at(half.x, half.y)) * drift * shade;
         const int owner = layer.owner.at(at.x, at.y);
         if (owner < 0) {
             return ash;
         }
         const Stone &stone = stones[static_cast<std::size_t>(owner)];
-        const float rust = std::pow(hashedFraction(1, 3, stone.seed), 2.5F);
+        const float rust = std::pow(hashedFraction(1, 3, stone.seed), 7.0F);
         glm::vec3 cinder = glm::mix(glm::vec3(0.34F, 0.33F, 0.33F), glm::vec3(0.52F, 0.30F, 0.22F), rust);
         cinder *= 0.75F + 0.5F * hashedFraction(2, 3, stone.seed);
-        const float rough = ridgedNoise(uv, 60, 4, 628);
-        cinder *= 0.70F + 0.60F * rough - 0.35F * pores(uv, 170, 629);
+        cinder *= 0.72F + 0.60F * rough.at(half.x, half.y);
         const float rim = layer.rim.at(at.x, at.y);
         cinder *= 1.15F - 0.5F * rim * rim;
         // Ash has settled on the flat tops of some.
-        const float dust = glm::smoothstep(0.1F, 0.6F, fractalNoise(uv, 50, 4, 630)) * (1.0F - rim) *
+        const float dust = glm::smoothstep(0.1F, 0.6F, dusty.at(half.x, half.y)) * (1.0F - rim) *
                            hashedFraction(4, 3, stone.seed);
         return glm::mix(cinder, ash, dust);
     });

@@ -15,7 +15,6 @@ struct Swell {
     float shortest = 40;
     float decay = 1.6F; ///< How fast height falls with the number of waves per picture.
     float wind = 0.3F;  ///< 0: from all sides, toward 1: all along x.
-    float choppiness = 1;
 };
 
 /// The surface: its height, and where its points have been pushed together into crests.
@@ -71,11 +70,10 @@ Surface makeSurface(const Swell &swell, std::uint32_t seed) {
     return surface;
 }
 
-/// The bright net that gentle waves draw: ridges where a smooth field passes zero, bent by the surface.
+/// The bright net of light that gentle waves gather: the borders between cells, bent by the surface.
 float net(glm::vec2 uv, glm::vec2 bend, int period, std::uint32_t seed) {
-    const float a = std::abs(gradientNoise((uv + bend) * static_cast<float>(period), period, seed));
-    const float b = std::abs(gradientNoise((uv - bend) * static_cast<float>(period), period, seed + 31));
-    return std::pow(1.0F - std::min(1.0F, std::min(a, b) * 1.5F), 4.0F);
+    const float edge = cellNoise(uv + bend, period, 1.0F, seed).edge;
+    return 0.65F * std::exp(-14.0F * edge) + 0.35F * std::exp(-4.0F * edge);
 }
 
 glm::vec3 tinted(float light) {
@@ -91,34 +89,37 @@ glm::vec3 tinted(float light) {
 } // namespace
 
 Picture calmWater() {
-    const Surface surface = makeSurface({40, 3, 22, 1.7F, 0.1F, 0.4F}, 801);
+    const Surface surface = makeSurface({40, 6, 26, 1.3F, 0.1F}, 801);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float h = surface.height.at(at.x, at.y);
         const glm::vec2 bend = 0.022F * glm::vec2(h, surface.height.at(at.x + 90, at.y + 40));
-        const float light =
-            0.17F + 0.05F * h + 0.20F * net(uv, bend, 9, 802) + 0.07F * net(uv, bend, 19, 805);
+        const float light = 0.11F + 0.025F * h +
+                            0.26F * net(uv, bend, 10, 802) * net(uv, -0.7F * bend, 7, 805) +
+                            0.14F * net(uv, bend, 10, 802) + 0.06F * net(uv, 0.5F * bend, 21, 806);
         return tinted(light);
     });
+    flattenLarge(picture, 80, 0.6F);
     return picture;
 }
 
 Picture rippledWater() {
-    const Surface surface = makeSurface({90, 6, 60, 1.15F, 0.55F, 1.0F}, 811);
+    const Surface surface = makeSurface({80, 8, 36, 1.0F, 0.5F}, 811);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float h = surface.height.at(at.x, at.y);
         const float crest = surface.crest.at(at.x, at.y);
-        const float glint = std::pow(glm::smoothstep(0.5F, 2.8F, crest), 1.5F);
+        const float glint = std::pow(glm::smoothstep(0.4F, 3.2F, crest), 1.6F);
         return tinted(0.19F + 0.055F * h + 0.05F * crest + 0.55F * glint);
     });
+    flattenLarge(picture, 80, 0.6F);
     return picture;
 }
 
 Picture roughWater() {
-    const Surface surface = makeSurface({110, 4, 56, 1.35F, 0.45F, 1.0F}, 821);
+    const Surface surface = makeSurface({110, 7, 56, 1.2F, 0.45F}, 821);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
@@ -130,8 +131,9 @@ Picture roughWater() {
             glm::smoothstep(0.75F, 1.9F, crest + 0.35F * h) * glm::smoothstep(0.45F, 0.95F, lace);
         const float streaks =
             glm::smoothstep(0.86F, 1.05F, ridgedNoise(glm::vec2(uv.x, uv.y) + bend, 8, 5, 823)) * 0.22F;
-        return tinted(0.16F + 0.07F * h + 0.06F * crest + 0.75F * foam +
+        return tinted(0.16F + 0.07F * h + 0.06F * crest + 0.62F * foam +
                       streaks * glm::smoothstep(-1.0F, 1.5F, h));
     });
+    flattenLarge(picture, 80, 0.6F);
     return picture;
 }

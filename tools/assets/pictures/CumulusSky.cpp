@@ -14,8 +14,8 @@ namespace {
 
 constexpr float worldRadius = 130;
 constexpr float base = 1.0F; ///< Of the layer, above the viewer; all lengths are in this unit.
-constexpr float thickness = 0.85F;
-constexpr float fullDensity = 22;
+constexpr float thickness = 0.52F;
+constexpr float fullDensity = 34;
 
 const Air air{
     {0.22F, 0.44F, 0.75F}, {0.44F, 0.65F, 0.88F}, {0.80F, 0.88F, 0.93F}, {0.72F, 0.79F, 0.83F}, 0.22F};
@@ -34,7 +34,7 @@ float heightOf(glm::vec3 p) {
 class WeatherMap {
 public:
     WeatherMap() : m_map(1024) {
-        m_map.fill([](glm::vec2 uv) { return fractalNoise(uv, 34, 3, 931, 0.5F); });
+        m_map.fill([](glm::vec2 uv) { return fractalNoise(uv, 46, 4, 931, 0.5F); });
     }
 
     float at(float x, float z) const {
@@ -56,7 +56,7 @@ private:
 /// How far a place is inside a cloud, without its heaps: above 0 inside.
 float broadShape(glm::vec3 p, float rise) {
     static const WeatherMap weather;
-    return weather.at(p.x, p.z) - 0.12F - 0.85F * rise * rise - 0.35F * glm::smoothstep(0.10F, 0.0F, rise);
+    return weather.at(p.x, p.z) - 0.18F - 0.85F * rise * rise - 0.35F * glm::smoothstep(0.10F, 0.0F, rise);
 }
 
 float riseOf(glm::vec3 p) {
@@ -75,18 +75,18 @@ float density(glm::vec3 p, bool fine) {
     }
     // Rounded heaps on the outside, finer ones on those.
     const float strength = 0.35F + 0.9F * rise;
-    shape += 0.55F * strength * (0.42F - std::abs(spaceNoise(p * 2.9F, 932)));
+    shape += 0.55F * strength * (0.42F - std::abs(spaceNoise(p * 4.3F, 932)));
     if (fine && shape > -0.25F && shape < 0.5F) {
-        shape += strength * (0.55F * (0.21F - 0.5F * std::abs(spaceNoise(p * 6.3F, 933))) +
-                             0.07F * spaceFractal(p * 13.0F, 2, 934));
+        shape += strength * (0.55F * (0.21F - 0.5F * std::abs(spaceNoise(p * 9.3F, 933))) +
+                             0.07F * spaceFractal(p * 19.0F, 2, 934));
     }
     return fullDensity * glm::clamp(shape * 4.0F, 0.0F, 1.0F);
 }
 
 /// Light that comes down to a place, 0 to 1.
 float lightAt(glm::vec3 p, float here) {
-    const float above = 0.07F * here + 0.10F * density(p + glm::vec3(0, 0.10F, 0), false) +
-                        0.20F * density(p + glm::vec3(0, 0.26F, 0), false);
+    const float above = 0.045F * here + 0.065F * density(p + glm::vec3(0, 0.06F, 0), false) +
+                        0.13F * density(p + glm::vec3(0, 0.16F, 0), false);
     return std::exp(-0.42F * above);
 }
 
@@ -107,7 +107,7 @@ glm::vec3 cumulusSky(glm::vec3 direction) {
         return behind;
     }
     const float near = distanceToHeight(direction.y, base);
-    const float far = std::min(distanceToHeight(direction.y, base + thickness), near + 4.5F);
+    const float far = std::min(distanceToHeight(direction.y, base + thickness), near + 4.0F);
     // A line of sight along the layer is longer, but what it meets is farther away.
     const int steps = static_cast<int>(30.0F + 14.0F * std::min(1.0F, (far - near) / 3.0F));
     const float step = (far - near) / static_cast<float>(steps);

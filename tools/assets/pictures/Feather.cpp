@@ -69,10 +69,13 @@ void paintFeather(QPainter &painter, const Feather &feather) {
     over.setColorAt(0.45, QColor(0, 0, 0, 0));
     over.setColorAt(1, QColor(0, 0, 0, 86));
     painter.fillPath(path, over);
-    paintBarbs(painter, feather);
+    const bool large = feather.length > 60;
+    if (large) {
+        paintBarbs(painter, feather);
+    }
     QColor rim = mixed(feather.tip, Qt::black, 0.6);
-    rim.setAlpha(110);
-    painter.setPen(QPen(rim, 4));
+    rim.setAlpha(large ? 110 : 55);
+    painter.setPen(QPen(rim, large ? 4 : 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(path);
     painter.restore();

@@ -109,6 +109,35 @@ void setMeanLuminance(Picture &picture, float mean) {
     }
 }
 
+void cutWhereQuiet(Picture &picture) {
+    // The column (or row) after which the step to the next is smallest.
+    const auto quietest = [&](bool columns) {
+        float least = 1e9F;
+        int place = 0;
+        for (int line = 0; line < picture.side(); ++line) {
+            float step = 0;
+            for (int i = 0; i < picture.side(); ++i) {
+                const glm::vec3 d = columns ? picture.at(line, i) - picture.at(line - 1, i)
+                                            : picture.at(i, line) - picture.at(i, line - 1);
+                step += glm::abs(d.r) + glm::abs(d.g) + glm::abs(d.b);
+            }
+            if (step < least) {
+                least = step;
+                place = line;
+            }
+        }
+        return place;
+    };
+    const int left = quietest(true);
+    const int top = quietest(false);
+    const Picture before = picture;
+    for (int y = 0; y < picture.side(); ++y) {
+        for (int x = 0; x < picture.side(); ++x) {
+            picture.at(x, y) = before.at(x + left, y + top);
+        }
+    }
+}
+
 glm::vec3 ramp(const std::vector<glm::vec3> &stops, float position) {
     const float scaled = glm::clamp(position, 0.0F, 1.0F) * static_cast<float>(stops.size() - 1);
     const auto lower = std::min(static_cast<std::size_t>(scaled), stops.size() - 2);

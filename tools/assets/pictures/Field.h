@@ -66,6 +66,10 @@ float meanLuminance(const Picture &picture);
 /// shows no grid.
 void flattenLarge(Picture &picture, int radius, float amount);
 
+/// Moves the picture around its torus so that its edges run where neighbouring texels differ least: what
+/// the file format does to the edges then shows least.
+void cutWhereQuiet(Picture &picture);
+
 /// Scales the brightness so that the mean luminance becomes `mean`.
 void setMeanLuminance(Picture &picture, float mean);
 

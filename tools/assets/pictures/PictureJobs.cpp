@@ -22,10 +22,12 @@ struct NamedPicture {
     Picture (*make)();
 };
 
-AssetJob pictureJob(const NamedPicture &picture, int quality) {
-    const QString name = QStringLiteral("textures/%1.jpg").arg(QLatin1String(picture.name));
-    return {name, [name, make = picture.make, quality](const QDir &data) {
-                return writeImage(data, name, toImage(make()), quality);
+AssetJob pictureJob(const NamedPicture &named, int quality) {
+    const QString name = QStringLiteral("textures/%1.jpg").arg(QLatin1String(named.name));
+    return {name, [name, make = named.make, quality](const QDir &data) {
+                Picture picture = make();
+                cutWhereQuiet(picture);
+                return writeImage(data, name, toImage(picture), quality);
             }};
 }
 

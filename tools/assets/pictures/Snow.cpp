@@ -50,7 +50,10 @@ Picture freshSnow() {
     Field height(side);
     height.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.02F * fractalNoise(uv, 5, 2, 701), 0.02F * fractalNoise(uv, 5, 2, 702));
-        const float drifts = 0.70F * fractalNoise(uv + warp, 8, 3, 703, 0.40F);
+        const float mounds = cellNoise(uv + 2.0F * warp, 9, 0.9F, 709).nearest;
+        const float small = cellNoise(uv + warp, 21, 1.0F, 710).nearest;
+        const float drifts = -0.42F * mounds * mounds - 0.14F * small * small +
+                             0.40F * fractalNoise(uv + warp, 9, 3, 703, 0.40F);
         const float lumps =
             0.20F * std::max(0.0F, fractalNoise(uv, 30, 2, 704)) + 0.05F * fractalNoise(uv, 55, 2, 708);
         return drifts + lumps + 0.035F * fractalNoise(uv, 128, 3, 705, 0.7F);
@@ -74,7 +77,7 @@ Picture freshSnow() {
     Random random(707);
     drawSparkles(picture, 9000, random);
     flattenLarge(picture, 150, 0.6F);
-    setMeanLuminance(picture, 0.80F);
+    setMeanLuminance(picture, 0.82F);
     return picture;
 }
 
@@ -109,7 +112,7 @@ Picture packedSnow() {
                                0.55F + 1.1F * cavity.at(at.x, at.y) + 0.12F * grain +
                                    0.06F * fractalNoise(uv, 90, 4, 720, 0.7F));
         crust *= 0.66F + 0.34F * level.at(at.x, at.y);
-        return glm::mix(crust, ice, 0.9F * bare);
+        return glm::mix(crust, ice, 0.78F * bare);
     });
     flattenLarge(picture, 170, 0.6F);
     setMeanLuminance(picture, 0.68F);

@@ -64,7 +64,7 @@ Picture freshSnow() {
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
-        const float lit = 0.60F + 0.26F * broad.at(at.x, at.y) + 1.3F * close.at(at.x, at.y) +
+        const float lit = 0.60F + 0.95F * broad.at(at.x, at.y) + 1.3F * close.at(at.x, at.y) +
                           0.26F * (level.at(at.x, at.y) - 0.9F) +
                           0.10F * (hashedFraction(at.x, at.y, 706) - 0.5F);
         return ramp({{0.55F, 0.63F, 0.75F},

@@ -50,15 +50,21 @@ float grain(glm::ivec2 at, std::uint32_t seed) {
            0.7F * (hashedFraction(at.x / 2, at.y / 2, seed + 1) - 0.5F);
 }
 
+/// Small stones up to `largest` texels, none with its middle where `taken` (twice the size) has an owner.
 void scatterGrit(Picture &picture, int count, float largest, const std::vector<glm::vec3> &colors,
-                 Random &random) {
+                 Random &random, const Torus<int> *taken = nullptr) {
     for (int i = 0; i < count; ++i) {
         const glm::vec2 middle =
             static_cast<float>(picture.side()) * glm::vec2(random.fraction(), random.fraction());
         const float size = 1.0F + (largest - 1.0F) * std::pow(random.fraction(), 3.0F);
         const glm::vec3 color = ramp(colors, random.fraction()) * random.between(0.8F, 1.15F);
         const float slim = random.between(0.6F, 1.0F);
-        drawStamp(middle, 1.9F * size, circle * random.fraction(), [&](int x, int y, glm::vec2 q) {
+        const float turn = circle * random.fraction();
+        if (taken != nullptr &&
+            taken->at(static_cast<int>(2.0F * middle.x), static_cast<int>(2.0F * middle.y)) >= 0) {
+            continue;
+        }
+        drawStamp(middle, 1.9F * size, turn, [&](int x, int y, glm::vec2 q) {
             const float d = 1.9F * glm::length(glm::vec2(q.x, q.y / slim));
             const float shade = 1.0F - 0.35F * glm::smoothstep(1.9F, 1.0F, d);
             if (d > 1.0F) {
@@ -144,7 +150,7 @@ Picture stonyDesert() {
                dome * glm::mix(1.0F, shade, 0.6F);
     });
     Picture out = halved(picture);
-    scatterGrit(out, 5200, 3.2F, kinds, random);
+    scatterGrit(out, 9000, 3.2F, kinds, random, &layer.owner);
     flattenLarge(out, 150, 0.6F);
     setMeanLuminance(out, 0.52F);
     return out;

@@ -154,9 +154,6 @@ Picture daffodilMeadow() {
     for (const glm::vec2 place : flowerPlaces(150, 46, random)) {
         drawFlower(picture, someFlower(place, random));
     }
-    look.tufts = 150;
-    look.bladesPerTuft = 3;
-    drawGrass(picture, look, Field(side, 1.0F), random);
     flattenLarge(picture, 200, 0.5F);
     setMeanLuminance(picture, 0.50F);
     return picture;

@@ -44,7 +44,8 @@ glm::vec3 Air::color(glm::vec3 direction) const {
         1.0F + 0.25F * spaceFractal(glm::vec3(direction.x, 3.0F * direction.y, direction.z) * 1.7F, 3, 71);
     sky = glm::mix(sky, horizon,
                    std::min(1.0F, thin * glm::mix(1.0F, uneven, glm::smoothstep(0.0F, 0.1F, up))));
-    return glm::mix(sky, below, glm::smoothstep(0.0F, 0.55F, -direction.y));
+    // Little is to be seen there: as a wall on the horizon the haze must not show where faces meet.
+    return glm::mix(sky, below, 0.3F * glm::smoothstep(0.0F, 0.55F, -direction.y));
 }
 
 glm::vec2 cloudPlane(glm::vec3 direction) {
@@ -70,7 +71,7 @@ glm::vec3 dustySky(glm::vec3 direction) {
 }
 
 glm::vec3 overcastSky(glm::vec3 direction) {
-    const glm::vec3 haze = glm::mix(glm::vec3(0.76F, 0.79F, 0.81F), glm::vec3(0.66F, 0.69F, 0.71F),
+    const glm::vec3 haze = glm::mix(glm::vec3(0.76F, 0.79F, 0.81F), glm::vec3(0.73F, 0.76F, 0.78F),
                                     glm::smoothstep(0.0F, 0.5F, -direction.y));
     const glm::vec2 plane = cloudPlane(direction);
     const glm::vec3 p(0.62F * plane.x, 0.0F, 0.62F * plane.y);

@@ -30,7 +30,8 @@ std::vector<Stone> scatterStones(int side, int count, float smallest, float larg
     // Buckets as wide as the largest stone's reach, so that only neighbours are compared.
     const int buckets = std::max(1, static_cast<int>(static_cast<float>(side) / (2.0F * largest)));
     const float bucketSide = static_cast<float>(side) / static_cast<float>(buckets);
-    std::vector<std::vector<std::size_t>> grid(static_cast<std::size_t>(buckets * buckets));
+    std::vector<std::vector<std::size_t>> grid(static_cast<std::size_t>(buckets) *
+                                               static_cast<std::size_t>(buckets));
     const auto bucket = [&](int x, int y) -> std::vector<std::size_t> & {
         return grid[static_cast<std::size_t>(((y + buckets) % buckets) * buckets + (x + buckets) % buckets)];
     };

@@ -15,8 +15,9 @@ Picture cellTile() {
         const float right = static_cast<float>(side) - margin - p.x;
         const float bottom = static_cast<float>(side) - margin - p.y;
         const float inside = std::min(std::min(left, top), std::min(right, bottom));
-        // A dark joint, then a bevel that is brighter toward the upper left.
-        const float joint = glm::smoothstep(0.0F, 2.6F, inside);
+        // A dark joint, then a bevel that is brighter toward the upper left. What lies outside is as
+        // bright as the cell: in a small view its texels blend into the border, unevenly.
+        const float joint = inside < 0 ? 1.0F : glm::smoothstep(0.0F, 2.6F, inside);
         const float bevel = 1.0F - glm::smoothstep(2.0F, 9.0F, inside);
         const bool lit = std::min(left, top) < std::min(right, bottom);
         const float body = 0.935F + 0.012F * fractalNoise(uv, 16, 4, 901);

@@ -1,0 +1,182 @@
+#include "tools/assets/characters/Mesh.h"
+
+#include "tools/assets/characters/AtlasPacker.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool isTip(const Ring &ring) {
+    return ring.radius.x <= 0.0f && ring.radius.y <= 0.0f;
+}
+
+glm::vec3 ringAxis(const std::vector<Ring> &rings, std::size_t i) {
+    if (glm::length(rings[i].along) > 0.0f)
+        return glm::normalize(rings[i].along);
+    const glm::vec3 before = rings[i == 0 ? 0 : i - 1].centre;
+    const glm::vec3 after = rings[std::min(i + 1, rings.size() - 1)].centre;
+    return glm::normalize(after - before);
+}
+
+std::vector<glm::vec3> ringPoints(const Part &part, std::size_t i) {
+    const Ring &ring = part.rings[i];
+    if (isTip(ring))
+        return std::vector<glm::vec3>(part.profile.size(), ring.centre);
+    const glm::vec3 axis = ringAxis(part.rings, i);
+    const glm::vec3 side = glm::normalize(glm::cross(part.front, axis));
+    const glm::vec3 front = glm::cross(axis, side);
+    std::vector<glm::vec3> points;
+    for (const glm::vec2 &corner : part.profile)
+        points.push_back(ring.centre + side * (corner.x * ring.radius.x) +
+                         front * (corner.y * ring.radius.y));
+    return points;
+}
+
+/// Adds one part to the mesh; its texels are in units until the atlas is packed.
+class PartMesher {
+public:
+    PartMesher(const Part &tube, unsigned number, Mesh &target, std::vector<glm::vec2> &flat)
+        : part(tube), partNumber(number), mesh(target), unwrapped(flat),
+          corners(static_cast<unsigned>(tube.profile.size())) {}
+
+    void add() {
+        const auto firstTexel = static_cast<unsigned>(unwrapped.size());
+        const auto firstFace = mesh.faces.size();
+        measure();
+        for (std::size_t i = 0; i < part.rings.size(); ++i)
+            addRing(i);
+        for (std::size_t i = 0; i + 1 < part.rings.size(); ++i)
+            joinRings(i);
+        mesh.islands.push_back({firstTexel, static_cast<unsigned>(unwrapped.size()) - firstTexel,
+                                glm::vec2(width, heights.back()) * part.detail});
+        addNormals(firstFace);
+    }
+
+private:
+    void measure() {
+        heights.assign(1, 0.0f);
+        for (std::size_t i = 0; i < part.rings.size(); ++i) {
+            points.push_back(ringPoints(part, i));
+            float girth = 0.0f;
+            float step = 0.0f;
+            for (unsigned j = 0; j < corners; ++j) {
+                girth += glm::distance(points[i][j], points[i][(j + 1) % corners]);
+                if (i > 0)
+                    step += glm::distance(points[i][j], points[i - 1][j]) / static_cast<float>(corners);
+            }
+            width = std::max(width, girth);
+            if (i > 0)
+                heights.push_back(heights.back() + step);
+        }
+        // A little wider than the mean girth serves all rings.
+        width *= 0.92f;
+    }
+
+    void addRing(std::size_t i) {
+        const Ring &ring = part.rings[i];
+        const bool tip = isTip(ring);
+        firstVertex.push_back(static_cast<unsigned>(mesh.vertices.size()));
+        firstUv.push_back(static_cast<unsigned>(unwrapped.size()));
+        for (unsigned j = 0; j < (tip ? 1 : corners); ++j)
+            mesh.vertices.push_back({points[i][j], ring.bones});
+        for (unsigned j = 0; j < (tip ? corners : corners + 1); ++j)
+            unwrapped.emplace_back(around(j, tip) * width * part.detail, heights[i] * part.detail);
+    }
+
+    float around(unsigned j, bool tip) const {
+        return (static_cast<float>(j) + (tip ? 0.5f : 0.0f)) / static_cast<float>(corners);
+    }
+
+    void corner(MeshFace &face, std::size_t slot, std::size_t ring, unsigned j) const {
+        const bool tip = isTip(part.rings[ring]);
+        face.vertex[slot] = firstVertex[ring] + (tip ? 0 : j % corners);
+        face.texel[slot] = firstUv[ring] + j;
+        face.place[slot] = {around(j, tip), heights[ring] / heights.back()};
+    }
+
+    void addFace(std::array<std::pair<std::size_t, unsigned>, 3> places) {
+        MeshFace face;
+        face.part = partNumber;
+        for (std::size_t slot = 0; slot < 3; ++slot)
+            corner(face, slot, places[slot].first, places[slot].second);
+        mesh.faces.push_back(face);
+    }
+
+    void joinRings(std::size_t i) {
+        const bool fromTip = isTip(part.rings[i]);
+        const bool toTip = isTip(part.rings[i + 1]);
+        for (unsigned j = 0; j < corners; ++j) {
+            if (fromTip) {
+                addFace({{{i, j}, {i + 1, j + 1}, {i + 1, j}}});
+            } else if (toTip) {
+                addFace({{{i, j}, {i, j + 1}, {i + 1, j}}});
+            } else {
+                addFace({{{i, j}, {i, j + 1}, {i + 1, j + 1}}});
+                addFace({{{i, j}, {i + 1, j + 1}, {i + 1, j}}});
+            }
+        }
+    }
+
+    glm::vec3 faceNormal(const MeshFace &face) const {
+        const glm::vec3 a = mesh.vertices[face.vertex[0]].position;
+        return glm::cross(mesh.vertices[face.vertex[1]].position - a,
+                          mesh.vertices[face.vertex[2]].position - a);
+    }
+
+    /// Each corner takes the normals around its vertex, of a sharp part only of faces of about
+    /// the same direction.
+    void addNormals(std::size_t firstFace) {
+        const float limit = part.sharp ? 0.86f : -0.2f;
+        std::vector<glm::vec3> facing;
+        std::vector<std::vector<std::size_t>> touching(mesh.vertices.size() - firstVertex.front());
+        for (std::size_t f = firstFace; f < mesh.faces.size(); ++f) {
+            facing.push_back(faceNormal(mesh.faces[f]));
+            for (const unsigned vertex : mesh.faces[f].vertex)
+                touching[vertex - firstVertex.front()].push_back(f - firstFace);
+        }
+        for (std::size_t f = firstFace; f < mesh.faces.size(); ++f) {
+            const glm::vec3 own = glm::normalize(facing[f - firstFace]);
+            for (std::size_t slot = 0; slot < 3; ++slot) {
+                glm::vec3 sum(0.0f);
+                for (const std::size_t other : touching[mesh.faces[f].vertex[slot] - firstVertex.front()]) {
+                    if (glm::dot(glm::normalize(facing[other]), own) > limit)
+                        sum += facing[other];
+                }
+                mesh.faces[f].normal[slot] = glm::normalize(sum);
+            }
+        }
+    }
+
+    const Part &part;
+    unsigned partNumber;
+    Mesh &mesh;
+    std::vector<glm::vec2> &unwrapped;
+    unsigned corners;
+    std::vector<std::vector<glm::vec3>> points;
+    std::vector<float> heights;
+    std::vector<unsigned> firstVertex;
+    std::vector<unsigned> firstUv;
+    float width = 0.0f;
+};
+
+} // namespace
+
+Mesh buildMesh(const std::vector<Part> &parts) {
+    Mesh mesh;
+    std::vector<glm::vec2> unwrapped;
+    for (unsigned i = 0; i < parts.size(); ++i)
+        PartMesher(parts[i], i, mesh, unwrapped).add();
+
+    std::vector<glm::vec2> sizes;
+    for (const Island &island : mesh.islands)
+        sizes.push_back(island.size);
+    const AtlasLayout layout = packAtlas(sizes, skinSize);
+    mesh.texels.resize(unwrapped.size());
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        const Island &island = mesh.islands[i];
+        for (unsigned t = island.firstTexel; t < island.firstTexel + island.texelCount; ++t)
+            mesh.texels[t] = layout.corners[i] + glm::ivec2(glm::round(unwrapped[t] * layout.density));
+    }
+    return mesh;
+}

@@ -5,7 +5,7 @@
 
 namespace {
 
-const glm::vec3 hide(0.50f, 0.33f, 0.27f);
+const glm::vec3 hide(0.60f, 0.40f, 0.30f);
 const glm::vec3 underside(0.62f, 0.46f, 0.36f);
 const glm::vec3 horn(0.78f, 0.70f, 0.55f);
 const glm::vec3 mane(0.20f, 0.14f, 0.11f);
@@ -17,11 +17,11 @@ void decorateTrunk(const SurfacePoint &at, Coat &coat) {
     const float middle = front * band(p.y, 0.3f, 0.5f);
     const float breast =
         front * band(p.z - 38.2f + 0.10f * std::abs(p.y), 0.2f, 0.6f) * band(p.y, 9.0f, 1.0f);
-    groove(coat, 0.75f * middle * glm::smoothstep(45.0f, 43.0f, p.z), 0.3f);
-    groove(coat, 0.8f * breast, 0.4f);
+    crease(coat, middle * glm::smoothstep(45.0f, 43.0f, p.z), 0.5f);
+    crease(coat, breast, 0.8f);
     for (const float z : {34.6f, 31.4f, 28.4f})
-        groove(coat, 0.6f * front * band(p.z - z, 0.15f, 0.5f) * band(p.y, 3.6f, 0.6f), 0.3f);
-    groove(coat, 0.5f * front * band(std::abs(p.y) - 4.0f, 0.15f, 0.5f) * glm::smoothstep(37.5f, 36.5f, p.z),
+        crease(coat, 0.6f * front * band(p.z - z, 0.15f, 0.5f) * band(p.y, 3.6f, 0.6f), 0.5f);
+    crease(coat, 0.5f * front * band(std::abs(p.y) - 4.0f, 0.15f, 0.5f) * glm::smoothstep(37.5f, 36.5f, p.z),
            0.3f);
     paint(coat, underside * (coat.colour.g / hide.g),
           0.45f * front * band(p.y, 3.2f, 2.0f) * glm::smoothstep(38.0f, 36.0f, p.z));
@@ -103,7 +103,7 @@ void decorateHead(const SurfacePoint &at, Coat &coat) {
     const glm::vec2 nostril(std::abs(p.y) - 0.9f, p.z - 46.9f);
     groove(coat, glm::smoothstep(11.0f, 11.6f, p.x) * glm::smoothstep(0.55f, 0.35f, glm::length(nostril)),
            0.3f);
-    groove(coat, 0.7f * ahead * band(p.z - 51.2f - 0.2f * std::abs(p.y), 0.12f, 0.4f), 0.3f);
+    crease(coat, 0.7f * ahead * band(p.z - 51.2f - 0.2f * std::abs(p.y), 0.12f, 0.4f), 0.3f);
     paintTeam(coat, 0.92f * band(p.y, 1.0f + 0.2f * layeredNoise(p, 2), 0.15f) *
                         glm::smoothstep(47.6f, 48.2f, p.z) * (1.0f - socket));
     paint(coat, mane, glm::smoothstep(4.5f, 3.0f, p.x + 0.5f * layeredNoise(p, 2)));
@@ -162,7 +162,7 @@ void addArm(Figure &beast, Side side) {
                {1.38f, {3.6f, 3.7f}},
                {1.95f, {2.1f, 2.3f}}});
     flesh.decorate = [](const SurfacePoint &at, Coat &coat) {
-        groove(coat, 0.5f * band(at.along - 0.30f - 0.05f * std::sin(at.around * 12.566f), 0.004f, 0.02f),
+        crease(coat, 0.5f * band(at.along - 0.30f - 0.05f * std::sin(at.around * 12.566f), 0.004f, 0.02f),
                0.25f);
         coat.height += 0.25f * band(std::abs(at.around - 0.5f) - 0.0f, 0.02f, 0.2f) *
                        band(at.along - 0.4f, 0.08f, 0.12f);
@@ -272,7 +272,7 @@ Figure makeDire() {
     plan.grip = {12.5f, -13.5f, 29.0f};
     plan.aim = {4, -8, 22};
     // The left hand hangs free: far from the weapon, in its units.
-    plan.leftWrist = {2.4f, 24.5f, -6.0f};
+    plan.leftWrist = {5.5f, 28.0f, -4.0f};
     plan.elbowPole = {glm::vec3(-0.6f, -0.8f, -0.4f), glm::vec3(-0.5f, 1.0f, 0.1f)};
     Figure beast(plan);
     beast.idle.leftHandOnWeapon = false;

@@ -6,10 +6,10 @@
 
 namespace {
 
-const glm::vec3 suit(0.13f, 0.13f, 0.15f);
+const glm::vec3 suit(0.20f, 0.20f, 0.23f);
 const glm::vec3 shirt(0.80f, 0.79f, 0.76f);
-const glm::vec3 skin(0.78f, 0.58f, 0.46f);
-const glm::vec3 hair(0.12f, 0.08f, 0.06f);
+const glm::vec3 skin(0.90f, 0.70f, 0.57f);
+const glm::vec3 hair(0.22f, 0.14f, 0.09f);
 
 /// An open ring, thick as cloth: a coat seen from above, its gap in front.
 Profile coatProfile() {
@@ -38,9 +38,9 @@ void addSkirt(Figure &agent, const CoatBones &bones) {
     skirt.team = 1.0f;
     skirt.sharp = true;
     columnRings(skirt, {{34.5f, -0.2f, {5.2f, 4.1f}, on(rig.waist)},
-                        {30.0f, -0.2f, {6.3f, 5.2f}, on(rig.pelvis)},
-                        {24.0f, -0.6f, {7.6f, 6.8f}, between(rig.pelvis, bones.upper, 0.8f)},
-                        {16.0f, -1.2f, {9.0f, 8.4f}, between(bones.upper, bones.lower, 0.5f)},
+                        {30.0f, 0, {6.6f, 5.6f}, on(rig.pelvis)},
+                        {24.0f, -0.1f, {7.9f, 7.4f}, between(rig.pelvis, bones.upper, 0.8f)},
+                        {16.0f, -0.6f, {9.2f, 9.0f}, between(bones.upper, bones.lower, 0.5f)},
                         {8.0f, -2.0f, {10.4f, 9.8f}, on(bones.lower)}});
     for (Ring &ring : skirt.rings)
         ring.along = {0, 0, -1};
@@ -63,7 +63,7 @@ void decorateCoat(const SurfacePoint &at, Coat &coat) {
     const glm::vec3 &p = at.position;
     const float front = p.x > 1.0f ? 1.0f : 0.0f;
     // The opening widens up to the collar: lapels, shirt, tie.
-    const float half = 0.25f + 0.19f * std::max(p.z - 34.0f, 0.0f);
+    const float half = 0.25f + 0.21f * std::max(p.z - 35.0f, 0.0f);
     const float opening = front * band(p.y, half, 0.06f) * glm::smoothstep(34.0f, 34.3f, p.z);
     const float lapel = front * band(p.y, half * 2.1f, 0.06f) * glm::smoothstep(37.0f, 37.4f, p.z);
     coat.tone *= 1.0f - 0.28f * lapel;
@@ -71,8 +71,8 @@ void decorateCoat(const SurfacePoint &at, Coat &coat) {
     groove(coat,
            front * band(std::abs(p.y) - half * 2.1f, 0.03f, 0.12f) * glm::smoothstep(37.0f, 37.4f, p.z));
     paint(coat, suit, opening);
-    paint(coat, shirt, opening * band(p.y, 0.16f * std::max(p.z - 38.5f, 0.0f), 0.06f));
-    paint(coat, glm::vec3(0.10f), opening * band(p.y, 0.55f, 0.06f) * glm::smoothstep(37.0f, 37.2f, p.z));
+    paint(coat, shirt, opening * band(p.y, 0.30f * std::max(p.z - 37.0f, 0.0f), 0.06f));
+    paint(coat, glm::vec3(0.10f), opening * band(p.y, 0.42f, 0.06f) * glm::smoothstep(37.0f, 37.2f, p.z));
     const float button = glm::length(glm::vec2(p.y - 1.3f, (p.z - 32.8f)));
     paint(coat, glm::vec3(0.7f, 0.6f, 0.35f), front * band(button, 0.3f, 0.08f));
     const float belt = band(p.z - 33.4f, 0.75f, 0.06f);
@@ -145,7 +145,7 @@ void decorateFace(const SurfacePoint &at, Coat &coat) {
 void addHead(Figure &agent) {
     const Rig &rig = agent.rig;
     const Influence head = on(rig.head);
-    Part &face = agent.add(Material::Hide, skin, roundProfile(12));
+    Part &face = agent.add(Material::Skin, skin, roundProfile(12));
     face.detail = 1.7f;
     columnRings(face, {{45.5f, 0, {2.1f, 2.2f}, on(rig.chest)},
                        {48.2f, 0.3f, {1.95f, 2.1f}, on(rig.neck)},
@@ -156,7 +156,7 @@ void addHead(Figure &agent) {
                        {56.0f, -0.2f, {2.0f, 2.7f}, head},
                        {56.6f, -0.2f, {0, 0}, head}});
     face.decorate = decorateFace;
-    Part &nose = agent.add(Material::Hide, skin, roundProfile(4));
+    Part &nose = agent.add(Material::Skin, skin, roundProfile(4));
     nose.ring({3.6f, 0, 52.6f}, {0.35f, 0.35f}, head)
         .ring({4.2f, 0, 50.9f}, {0.6f, 0.6f}, head)
         .tip({3.8f, 0, 50.5f}, head);

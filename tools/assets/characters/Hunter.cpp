@@ -5,9 +5,9 @@
 
 namespace {
 
-const glm::vec3 leather(0.36f, 0.24f, 0.15f);
-const glm::vec3 darkLeather(0.22f, 0.15f, 0.10f);
-const glm::vec3 wool(0.38f, 0.37f, 0.30f);
+const glm::vec3 leather(0.48f, 0.32f, 0.19f);
+const glm::vec3 darkLeather(0.29f, 0.20f, 0.13f);
+const glm::vec3 wool(0.50f, 0.48f, 0.38f);
 const glm::vec3 bone(0.80f, 0.74f, 0.60f);
 
 void addCloak(Figure &tracker, const std::array<Bone, 3> &cape) {
@@ -94,9 +94,9 @@ void addHood(Figure &tracker) {
 void addTunic(Figure &tracker) {
     const Rig &rig = tracker.rig;
     Part &tunic = tracker.add(Material::Leather, leather, softProfile(12, 2.4f));
-    columnRings(tunic, {{17.8f, 0.2f, {7.0f, 6.2f}, on(rig.pelvis)},
-                        {18.2f, 0.2f, {7.4f, 6.6f}, on(rig.pelvis)},
-                        {24.0f, 0, {6.7f, 5.4f}, on(rig.pelvis)},
+    columnRings(tunic, {{17.8f, 0.9f, {7.4f, 7.4f}, on(rig.pelvis)},
+                        {18.2f, 0.9f, {7.8f, 7.8f}, on(rig.pelvis)},
+                        {24.0f, 0.5f, {7.2f, 6.4f}, on(rig.pelvis)},
                         {30.0f, 0, {5.6f, 4.4f}, on(rig.pelvis)},
                         {33.5f, 0, {5.1f, 4.0f}, on(rig.waist)},
                         {38.0f, 0.1f, {6.2f, 4.4f}, on(rig.chest)},
@@ -129,9 +129,9 @@ void addTunic(Figure &tracker) {
     Part &sash = tracker.add(Material::Cloth, wool, boxProfile(0.3f));
     sash.team = 1.0f;
     sash.ring({4.9f, 0, 30.4f}, {1.9f, 0.5f}, on(rig.pelvis))
-        .ring({6.6f, 0, 22.0f}, {2.2f, 0.4f}, on(rig.pelvis))
-        .ring({7.2f, 0, 15.2f}, {2.3f, 0.3f}, on(rig.pelvis))
-        .tip({7.2f, 0, 15.0f}, on(rig.pelvis));
+        .ring({7.4f, 0, 22.0f}, {2.2f, 0.4f}, on(rig.pelvis))
+        .ring({8.8f, 0, 15.2f}, {2.3f, 0.3f}, on(rig.pelvis))
+        .tip({8.8f, 0, 15.0f}, on(rig.pelvis));
     sash.decorate = [](const SurfacePoint &at, Coat &coat) {
         paint(coat, bone * 0.95f,
               0.85f * band(glm::length(glm::vec2(at.position.y, at.position.z - 18.4f)) - 1.0f, 0.22f, 0.1f));

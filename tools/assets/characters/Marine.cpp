@@ -5,8 +5,8 @@
 
 namespace {
 
-const glm::vec3 fatigues(0.37f, 0.37f, 0.31f);
-const glm::vec3 webbing(0.22f, 0.21f, 0.18f);
+const glm::vec3 fatigues(0.52f, 0.51f, 0.42f);
+const glm::vec3 webbing(0.32f, 0.29f, 0.23f);
 const glm::vec3 armour(0.55f, 0.56f, 0.58f);
 
 /// Blotches of three tones.

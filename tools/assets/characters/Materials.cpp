@@ -19,15 +19,15 @@ float creases(const glm::vec3 &place) {
 void coatPlate(const SurfacePoint &at, Coat &coat) {
     const glm::vec3 &p = at.position;
     const float dirt = layeredNoise(p * 0.35f);
-    coat.tone *= 1.0f + 0.10f * dirt;
+    coat.tone *= 1.0f + 0.14f * dirt;
     coat.colour *= 1.0f + 0.10f * dirt;
     coat.gloss = 0.35f;
-    const float wear = at.edge - 0.10f - 0.28f * layeredNoise(p * 1.3f, 3);
+    const float wear = at.edge - 0.03f - 0.24f * layeredNoise(p * 1.3f, 3);
     const float scratch =
         glm::smoothstep(0.93f, 0.98f, creases(glm::vec3(p.x * 0.5f, p.y * 0.5f, p.z * 2.2f))) *
         glm::smoothstep(0.25f, 0.6f, layeredNoise(p * 0.4f + 7.0f, 2));
     const float bare = std::max(1.0f - glm::smoothstep(0.0f, 0.12f, wear), 0.7f * scratch);
-    paint(coat, bareSteel, 0.85f * bare);
+    paint(coat, bareSteel, 0.75f * bare);
     coat.metal = 0.7f * bare;
     coat.gloss += 0.3f * bare;
     coat.height = -0.03f * bare + 0.01f * layeredNoise(p * 2.0f, 2);
@@ -48,10 +48,10 @@ void coatCloth(const SurfacePoint &at, Coat &coat) {
     const glm::vec3 &p = at.position;
     const float folds = layeredNoise(glm::vec3(p.x * 0.28f, p.y * 0.28f, p.z * 0.16f), 3);
     const float weave = glm::simplex(p * 2.6f);
-    const float shade = 1.0f + 0.10f * folds + 0.06f * weave;
+    const float shade = 1.0f + 0.16f * folds + 0.06f * weave;
     coat.colour *= shade;
     coat.tone *= shade;
-    coat.height = 0.22f * folds + 0.02f * weave;
+    coat.height = 0.45f * folds + 0.02f * weave;
 }
 
 void coatLeather(const SurfacePoint &at, Coat &coat) {
@@ -75,6 +75,13 @@ void coatHide(const SurfacePoint &at, Coat &coat) {
     coat.colour *= 1.0f - 0.14f * fold;
     coat.height = -0.07f * fold + 0.03f * pores + 0.10f * patches;
     coat.gloss = 0.14f;
+}
+
+void coatSkin(const SurfacePoint &at, Coat &coat) {
+    const float flush = layeredNoise(at.position * 0.5f, 2);
+    coat.colour *= glm::vec3(1.0f) + flush * glm::vec3(0.03f, -0.04f, -0.05f);
+    coat.height = 0.01f * layeredNoise(at.position * 2.0f, 2);
+    coat.gloss = 0.2f;
 }
 
 void coatFur(const SurfacePoint &at, Coat &coat) {
@@ -118,6 +125,11 @@ void groove(Coat &coat, float amount, float depth) {
     coat.tone *= dark;
 }
 
+void crease(Coat &coat, float amount, float depth) {
+    coat.height -= depth * amount;
+    coat.colour *= 1.0f - amount * glm::vec3(0.26f, 0.34f, 0.36f);
+}
+
 void paint(Coat &coat, const glm::vec3 &colour, float amount) {
     coat.colour = glm::mix(coat.colour, colour, amount);
     coat.team *= 1.0f - amount;
@@ -147,6 +159,9 @@ Coat coatOf(const Part &part, const SurfacePoint &point) {
         break;
     case Material::Hide:
         coatHide(point, coat);
+        break;
+    case Material::Skin:
+        coatSkin(point, coat);
         break;
     case Material::Fur:
         coatFur(point, coat);

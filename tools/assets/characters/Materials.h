@@ -14,6 +14,9 @@ float band(float distance, float half, float soft);
 /// Cuts a dark seam into the coat; `amount` from 0 to 1.
 void groove(Coat &coat, float amount, float depth = 0.12f);
 
+/// A fold of flesh: deeper than it is dark.
+void crease(Coat &coat, float amount, float depth);
+
 /// Replaces the colour (and the team's) by `amount`.
 void paint(Coat &coat, const glm::vec3 &colour, float amount);
 

@@ -36,7 +36,7 @@ struct Ring {
     glm::vec3 along{0.0f}; ///< Normal of the ring's plane; zero: from the neighbouring rings.
 };
 
-enum class Material { Plate, Metal, Cloth, Leather, Hide, Fur, Horn, Glass };
+enum class Material { Plate, Metal, Cloth, Leather, Hide, Skin, Fur, Horn, Glass };
 
 /// What a texel of a skin is made of.
 struct Coat {

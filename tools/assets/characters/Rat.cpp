@@ -5,7 +5,7 @@
 
 namespace {
 
-const glm::vec3 fur(0.46f, 0.39f, 0.33f);
+const glm::vec3 fur(0.55f, 0.46f, 0.38f);
 const glm::vec3 belly(0.66f, 0.58f, 0.48f);
 const glm::vec3 bare(0.82f, 0.56f, 0.52f);
 const glm::vec3 strap(0.26f, 0.18f, 0.12f);

@@ -11,14 +11,14 @@ namespace {
 
 /// From the figure toward the preview's eye.
 const glm::vec3 toViewer = glm::normalize(glm::vec3(10.6f, 6.0f, 5.0f));
-const glm::vec3 toLamp = glm::normalize(glm::vec3(0.55f, 0.12f, 0.85f));
+const glm::vec3 toLamp = glm::normalize(glm::vec3(0.55f, -0.26f, 0.82f));
 
 /// Light that comes from a direction: a grey floor, a bright sky and a broad lamp above.
 glm::vec3 radiance(const glm::vec3 &direction) {
     const float up = glm::smoothstep(-0.7f, 1.0f, direction.z);
     const float lamp = std::pow(std::max(glm::dot(direction, toLamp), 0.0f), 5.0f);
-    return glm::mix(glm::vec3(0.30f, 0.27f, 0.25f), glm::vec3(0.78f, 0.84f, 0.95f), up) +
-           lamp * glm::vec3(2.1f, 1.98f, 1.8f);
+    return glm::mix(glm::vec3(0.22f, 0.20f, 0.19f), glm::vec3(0.62f, 0.68f, 0.80f), up) +
+           lamp * glm::vec3(3.5f, 3.3f, 3.0f);
 }
 
 /// The light on a surface with this normal, as much of it as arrives.

@@ -23,6 +23,11 @@ void glowAt(Coat &coat, float amount) {
     coat.metal *= 1.0f - amount;
 }
 
+/// Leaves the team's colour only where `amount` is 0.
+void machineGrey(Coat &coat, float amount) {
+    paint(coat, glm::vec3(0.34f, 0.35f, 0.38f) * coat.tone, amount * (1.0f - coat.metal));
+}
+
 void decorateChest(const SurfacePoint &at, Coat &coat) {
     const glm::vec3 &p = at.position;
     const bool front = p.x > 0;
@@ -162,6 +167,7 @@ void addArm(Figure &machine, Side side) {
                {1.92f, {2.1f, 2.1f}},
                {1.93f, {1.4f, 1.4f}}});
     guard.decorate = [](const SurfacePoint &at, Coat &coat) {
+        machineGrey(coat, 1.0f - band(at.along - 0.32f, 0.10f, 0.005f));
         groove(coat, band(at.along - 0.56f, 0.012f, 0.02f), 0.2f);
     };
     addFist(machine, side, Material::Metal, frame, 1.15f);
@@ -191,6 +197,7 @@ void addLeg(Figure &machine, Side side) {
                {0.78f, {2.7f, 3.0f}, {0.3f, 0, 0}},
                {0.8f, {2.0f, 2.2f}}});
     thigh.decorate = [](const SurfacePoint &at, Coat &coat) {
+        machineGrey(coat, 1.0f - band(at.along - 0.30f, 0.12f, 0.005f));
         groove(coat, band(at.around - 0.5f, 0.006f, 0.01f), 0.2f);
     };
     Part &knee = machine.add(Material::Metal, chrome, softProfile(6, 2.4f), {0, 0, 1});

@@ -200,21 +200,22 @@ void addClaw(Figure &beast) {
     const Influence hand = on(arm.end);
     const glm::vec3 wrist = rig.at(arm.end);
     const glm::vec3 way = glm::normalize(wrist - rig.at(arm.lower));
+    const float s = 1.35f;
     Part &palm = beast.add(Material::Hide, hide * 0.9f, softProfile(8, 2.8f), {1, 0, 0});
-    palm.ring(wrist - way, {1.9f, 2.1f}, between(arm.lower, arm.end, 0.5f))
-        .ring(wrist + way * 2.2f, {1.8f, 2.9f}, hand)
-        .ring(wrist + way * 4.0f, {1.6f, 2.8f}, hand)
-        .tip(wrist + way * 4.8f, hand);
+    palm.ring(wrist - way, glm::vec2(1.9f, 2.1f), between(arm.lower, arm.end, 0.5f))
+        .ring(wrist + way * 2.2f * s, glm::vec2(1.5f, 2.9f) * s, hand)
+        .ring(wrist + way * 4.0f * s, glm::vec2(1.4f, 2.8f) * s, hand)
+        .tip(wrist + way * 4.8f * s, hand);
     for (int i = 0; i < 4; ++i) {
         const bool thumb = i == 3;
         const glm::vec3 root =
-            wrist + (thumb ? way * 1.6f + glm::vec3(2.4f, 0, 0)
-                           : way * 3.8f + glm::vec3(1.9f - 1.9f * static_cast<float>(i), 0.3f, 0));
-        const glm::vec3 bend = thumb ? glm::vec3(1.0f, -0.6f, 0) : glm::vec3(0.4f, 0.3f, 0);
+            wrist + s * (thumb ? way * 1.6f + glm::vec3(2.4f, 0, 0)
+                               : way * 3.8f + glm::vec3(1.9f - 1.9f * static_cast<float>(i), 0.3f, 0));
+        const glm::vec3 bend = thumb ? s * glm::vec3(1.0f, -0.6f, 0) : s * glm::vec3(0.4f, 0.3f, 0);
         Part &finger = beast.add(Material::Hide, hide * 0.85f, roundProfile(4), {0.3f, 1, 0.2f});
-        finger.ring(root, {0.85f, 0.85f}, hand)
-            .ring(root + way * 2.0f + bend, {0.75f, 0.75f}, hand)
-            .tip(root + way * 4.4f + bend + glm::vec3(0.3f, -1.6f, 0), hand);
+        finger.ring(root, glm::vec2(0.9f * s), hand)
+            .ring(root + way * 2.0f * s + bend, glm::vec2(0.8f * s), hand)
+            .tip(root + way * 4.6f * s + bend + s * glm::vec3(0.3f, -1.6f, 0), hand);
         finger.decorate = [](const SurfacePoint &at, Coat &coat) {
             paint(coat, horn * 0.6f, glm::smoothstep(0.55f, 0.62f, at.along));
         };
@@ -272,7 +273,7 @@ Figure makeDire() {
     plan.grip = {12.5f, -13.5f, 29.0f};
     plan.aim = {4, -8, 22};
     // The left hand hangs free: far from the weapon, in its units.
-    plan.leftWrist = {5.5f, 28.0f, -4.0f};
+    plan.leftWrist = {5.0f, 30.0f, -4.0f};
     plan.elbowPole = {glm::vec3(-0.6f, -0.8f, -0.4f), glm::vec3(-0.5f, 1.0f, 0.1f)};
     Figure beast(plan);
     beast.idle.leftHandOnWeapon = false;

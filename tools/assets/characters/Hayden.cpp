@@ -179,16 +179,16 @@ Figure makeHayden() {
     plan.grip = {9.5f, -4.8f, 34.0f};
     plan.aim = {-4, 10, 42};
     plan.hip = {0, 3.2f, 28};
-    plan.ankle = {glm::vec3(-2.2f, -4.2f, 3), glm::vec3(2.6f, 3.8f, 3)};
+    plan.ankle = {glm::vec3(-2.2f, -4.2f, 3), glm::vec3(1.4f, 3.8f, 3)};
     plan.kneePole = {glm::vec3(1, -0.1f, 0), glm::vec3(1, -0.05f, 0)};
     Figure agent(plan);
     const Bone upper = agent.rig.skeleton.add({-0.5f, 0, 30}, agent.rig.pelvis);
     const CoatBones bones{upper, agent.rig.skeleton.add({-1, 0, 18}, upper)};
     agent.idle.look = 36.0f;
     agent.extra = [bones](Pose &pose, float phase) {
-        pose.turn(bones.upper, {2.2f * wave(phase, 2, 0.1f), 2.5f + 2.5f * wave(phase, 3), 0});
+        pose.turn(bones.upper, {1.4f * wave(phase, 2, 0.1f), 0.6f + 1.2f * wave(phase, 3), 0});
         pose.turn(bones.lower,
-                  {2.5f * wave(phase, 2, 0.95f), 4.0f * wave(phase, 3, 0.85f), 3.0f * wave(phase, 2, 0.4f)});
+                  {2.5f * wave(phase, 2, 0.95f), 2.2f * wave(phase, 3, 0.85f), 3.0f * wave(phase, 2, 0.4f)});
     };
     addSkirt(agent, bones);
     addBody(agent);

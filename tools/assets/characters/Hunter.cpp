@@ -93,9 +93,9 @@ void addHood(Figure &tracker) {
 
 void addTunic(Figure &tracker) {
     const Rig &rig = tracker.rig;
-    Part &tunic = tracker.add(Material::Leather, leather, softProfile(12, 2.4f));
-    columnRings(tunic, {{17.8f, 0.9f, {7.4f, 7.4f}, on(rig.pelvis)},
-                        {18.2f, 0.9f, {7.8f, 7.8f}, on(rig.pelvis)},
+    Part &tunic = tracker.add(Material::Leather, leather, softProfile(12, 2.9f));
+    columnRings(tunic, {{19.4f, 0.7f, {8.1f, 7.3f}, on(rig.pelvis)},
+                        {19.8f, 0.7f, {8.5f, 7.7f}, on(rig.pelvis)},
                         {24.0f, 0.5f, {7.2f, 6.4f}, on(rig.pelvis)},
                         {30.0f, 0, {5.6f, 4.4f}, on(rig.pelvis)},
                         {33.5f, 0, {5.1f, 4.0f}, on(rig.waist)},
@@ -108,7 +108,7 @@ void addTunic(Figure &tracker) {
         const float strips = at.around * 12.0f + 0.5f;
         groove(coat, skirt * band(strips - std::round(strips), 0.03f, 0.06f), 0.3f);
         const float stud = glm::length(
-            glm::vec2((at.around * 24.0f - std::floor(at.around * 24.0f) - 0.5f) * 1.6f, p.z - 20.0f));
+            glm::vec2((at.around * 24.0f - std::floor(at.around * 24.0f) - 0.5f) * 1.6f, p.z - 21.2f));
         paint(coat, glm::vec3(0.62f, 0.55f, 0.38f), skirt * glm::smoothstep(0.45f, 0.35f, stud));
         const float belt = band(p.z - 31.2f, 1.0f, 0.08f);
         paint(coat, darkLeather, belt);
@@ -129,9 +129,9 @@ void addTunic(Figure &tracker) {
     Part &sash = tracker.add(Material::Cloth, wool, boxProfile(0.3f));
     sash.team = 1.0f;
     sash.ring({4.9f, 0, 30.4f}, {1.9f, 0.5f}, on(rig.pelvis))
-        .ring({7.4f, 0, 22.0f}, {2.2f, 0.4f}, on(rig.pelvis))
-        .ring({8.8f, 0, 15.2f}, {2.3f, 0.3f}, on(rig.pelvis))
-        .tip({8.8f, 0, 15.0f}, on(rig.pelvis));
+        .ring({8.2f, 0, 22.0f}, {2.2f, 0.4f}, on(rig.pelvis))
+        .ring({9.3f, 0, 15.2f}, {2.3f, 0.3f}, on(rig.pelvis))
+        .tip({9.3f, 0, 15.0f}, on(rig.pelvis));
     sash.decorate = [](const SurfacePoint &at, Coat &coat) {
         paint(coat, bone * 0.95f,
               0.85f * band(glm::length(glm::vec2(at.position.y, at.position.z - 18.4f)) - 1.0f, 0.22f, 0.1f));
@@ -182,7 +182,8 @@ void addLimbs(Figure &tracker) {
         addFist(tracker, side, Material::Leather, darkLeather, 0.95f);
         Part &trousers = tracker.add(Material::Cloth, wool * 0.75f, roundProfile(8));
         limbRings(trousers, tracker, rig.leg[side], rig.pelvis, legShape(0.9f));
-        trousers.rings.erase(trousers.rings.begin());
+        // The rest is below the tunic and in the boot.
+        trousers.rings.erase(trousers.rings.begin(), trousers.rings.begin() + 2);
         trousers.rings.pop_back();
         Part &boot = tracker.add(Material::Leather, leather * 0.8f, roundProfile(8));
         limbRings(boot, tracker, rig.leg[side], rig.pelvis,
@@ -209,7 +210,7 @@ Figure makeHunter() {
     plan.grip = {9.8f, -5.4f, 33.0f};
     plan.aim = {-6, -34, 52};
     plan.head = {0.8f, 0, 48.5f};
-    plan.ankle = {glm::vec3(-4.0f, -4.6f, 3), glm::vec3(3.6f, 4.6f, 3)};
+    plan.ankle = {glm::vec3(-3.6f, -4.4f, 3), glm::vec3(2.6f, 4.2f, 3)};
     Figure tracker(plan);
     std::array<Bone, 3> cape{};
     cape[0] = tracker.rig.skeleton.add({-5, 0, 42}, tracker.rig.chest);

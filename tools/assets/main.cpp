@@ -8,12 +8,10 @@ namespace {
 
 std::vector<AssetJob> allJobs() {
     std::vector<AssetJob> jobs = pictureJobs();
-#ifdef DRUVELK_WITH_CHARACTERS
     // The longest jobs first, so that no thread is left alone with one at the end.
     std::vector<AssetJob> characters = characterJobs();
     jobs.insert(jobs.begin(), std::make_move_iterator(characters.begin()),
                 std::make_move_iterator(characters.end()));
-#endif
     return jobs;
 }
 

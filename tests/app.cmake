@@ -1,1 +1,8 @@
 # Tests of app/, one line each: druvelk_test(app/NameOfTest)
+druvelk_test(app/GeographyPageTest)
+druvelk_test(app/DressAndRulesTest)
+druvelk_test(app/PlayersPageTest)
+druvelk_test(app/FileCommandsTest)
+druvelk_test(app/StartUpTest)
+target_compile_definitions(StartUpTest PRIVATE DRUVELK_EDITOR="$<TARGET_FILE:druvelk-editor>")
+add_dependencies(StartUpTest druvelk-editor)

@@ -6,3 +6,7 @@ druvelk_test(app/FileCommandsTest)
 druvelk_test(app/StartUpTest)
 target_compile_definitions(StartUpTest PRIVATE DRUVELK_EDITOR="$<TARGET_FILE:druvelk-editor>")
 add_dependencies(StartUpTest druvelk-editor)
+
+# Lists and menus close when a window of another process takes the focus.
+set_tests_properties(GeographyPageTest DressAndRulesTest PlayersPageTest FileCommandsTest StartUpTest
+  PROPERTIES RUN_SERIAL ON)

@@ -1,5 +1,6 @@
 #include "map/Erosion.h"
 
+#include "map/MeshNode.h"
 #include "support/druvelkTest.h"
 
 #include <algorithm>
@@ -54,11 +55,17 @@ private slots:
                 std::generate(field.begin(), field.end(), [&] { return height(random); });
                 std::vector<float> expected = field;
                 erodePointByPoint(expected, n, passes);
+                MeshNode mesh;
+                mesh.setSize(n, 1);
+                std::size_t next = 0;
+                mesh.build([&] { return field[next++]; });
+                erode(mesh, passes);
                 erode(field, n, passes);
                 for (std::size_t i = 0; i < field.size(); ++i) {
                     const QByteArray where = QByteArray::number(n) + ' ' + QByteArray::number(passes) + ' ' +
                                              QByteArray::number(int(i));
                     QVERIFY2(std::fabs(field[i] - expected[i]) <= 1e-4F, where);
+                    QCOMPARE(mesh.vertices[i].position.y, field[i]);
                 }
             }
         }

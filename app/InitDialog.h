@@ -22,7 +22,7 @@ public:
     QPushButton *buttonOk = nullptr;
     QPushButton *buttonCancel = nullptr;
 
-protected slots:
+public slots:
     /// Sets every text in the application's language; the combo boxes start anew.
     virtual void languageChange();
 

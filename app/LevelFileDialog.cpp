@@ -23,7 +23,8 @@ protected:
     void accept() override {
         auto *const typed = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         if (acceptMode() == AcceptSave && typed != nullptr && namesFile(typed->text())) {
-            typed->setText(withLevelSuffix(typed->text()));
+            // The toolkit takes quotes for marks around several names.
+            typed->setText(withLevelSuffix(typed->text().remove(u'"')));
         }
         QFileDialog::accept();
     }
@@ -31,8 +32,9 @@ protected:
 private:
     /// Nothing typed, and folders to go into, are left to the toolkit.
     bool namesFile(const QString &text) const {
-        return !text.isEmpty() && text != QLatin1String("~") && !text.endsWith(u'/') &&
-               !QFileInfo(directory(), text).isDir();
+        const bool fromHome = text == QLatin1String("~") || text.startsWith(QLatin1String("~/"));
+        const QString path = fromHome ? QDir::homePath() + text.mid(1) : text;
+        return !text.isEmpty() && !text.endsWith(u'/') && !QFileInfo(directory(), path).isDir();
     }
 };
 

@@ -21,10 +21,18 @@ void select(QComboBox *box, const char *name) {
     box->setCurrentIndex(box->findData(QString::fromLatin1(name)));
 }
 
-/// Selects the texture that a path names: its fourth part, without what follows a dot. A name
-/// that is no item is only shown; the level keeps it until the user picks another.
-void selectTexture(QComboBox *box, const QString &path) {
-    const QString name = path.section(u'/', 3, 3).section(u'.', 0, 0);
+/// The fourth part of a path: a picture's file name, or a sky's folder.
+QString fourthPart(const QString &path) {
+    return path.section(u'/', 3, 3);
+}
+
+QString withoutExtension(const QString &fileName) {
+    return fileName.section(u'.', 0, 0);
+}
+
+/// Selects the texture of that name. A name that is no item is only shown (or, where there is
+/// none, the path); the level keeps it until the user picks another.
+void selectTexture(QComboBox *box, const QString &name, const QString &path) {
     const int index = box->findData(name);
     box->setPlaceholderText(index != -1 ? QString() : name.isEmpty() ? path : name);
     box->setCurrentIndex(index);
@@ -78,10 +86,13 @@ void editorMain::readBackGravity() {
 }
 
 void editorMain::readBackTextures() {
-    selectTexture(TerrainTextureType, environment().groundTexture);
-    selectTexture(waterTextureType, environment().waterTexture);
-    selectTexture(SkyTextureType, environment().cubeTexture);
-    selectTexture(birdTextureType, environment().birdTexture);
+    const auto selectPicture = [](QComboBox *box, const QString &path) {
+        selectTexture(box, withoutExtension(fourthPart(path)), path);
+    };
+    selectPicture(TerrainTextureType, environment().groundTexture);
+    selectPicture(waterTextureType, environment().waterTexture);
+    selectTexture(SkyTextureType, fourthPart(environment().cubeTexture), environment().cubeTexture);
+    selectPicture(birdTextureType, environment().birdTexture);
 }
 
 void editorMain::readBackStartPositions() {

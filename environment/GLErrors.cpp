@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QMessageBox>
+#include <QOpenGLContext>
 #include <QQueue>
 #include <QSet>
 #include <utility>
@@ -75,10 +76,16 @@ void showWaitingLater() {
     QMetaObject::invokeMethod(QCoreApplication::instance(), showWaiting, Qt::QueuedConnection);
 }
 
+/// The caller goes on with OpenGL work, so it gets back the context that paints behind the box took away.
 void showAtOnce(const Message &message) {
+    QOpenGLContext *const context = QOpenGLContext::currentContext();
+    QSurface *const surface = context != nullptr ? context->surface() : nullptr;
     const bool another = std::exchange(boxes().open, true);
     showBox(message);
     boxes().open = another;
+    if (context != nullptr && QOpenGLContext::currentContext() != context) {
+        context->makeCurrent(surface);
+    }
     showWaitingLater();
 }
 

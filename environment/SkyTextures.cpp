@@ -56,6 +56,8 @@ bool loadCubeMap(GLuint &name, const QString &baseName) {
     bool complete = true;
     for (std::size_t face = 0; face < faceTable.size(); ++face) {
         const QImage picture = complete ? readFace(face, baseName) : QImage();
+        // A cube has square faces only.
+        complete = complete && picture.width() == picture.height();
         uploadFace(faceTable[face].target, picture, 4, complete);
     }
     glDisable(GL_TEXTURE_CUBE_MAP_ARB);

@@ -46,10 +46,12 @@ void CellGrid::changeSelectedHeight(float steps) {
     if (k == 0) {
         return;
     }
+    bool changed = false;
     for (MapCell &cell : cells) {
         if (!cell.selected || !cell.stepLevel(steps > 0)) {
             continue;
         }
+        changed = steps != 0;
         const int first = (pointsPerSide * (cell.index / cellsPerSide) + cell.index % cellsPerSide) * k;
         for (int row = 0; row < k; ++row) {
             for (int column = 0; column < k; ++column) {
@@ -58,7 +60,9 @@ void CellGrid::changeSelectedHeight(float steps) {
             }
         }
     }
-    terrain->markChanged();
+    if (changed) {
+        terrain->markChanged();
+    }
 }
 
 void CellGrid::recolourFromHeights() {

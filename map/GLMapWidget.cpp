@@ -19,6 +19,8 @@ constexpr float zoomOutPerNotch = 1.2F;
 constexpr float zoomInPerNotch = 0.8333333F;
 constexpr float risePerPixel = 0.1F;
 constexpr float lowestEye = 1.0F;
+/// Closer than that, numbers are too small to tell the camera's axes apart or to grow again.
+constexpr float nearestZoom = 1e-20F;
 
 /// Makes a view's OpenGL context current for work outside a paint, and lets go of it again. A
 /// view that was never shown has none; the work is then skipped.
@@ -139,7 +141,9 @@ void GLMapWidget::refreshTerrain() {
     cells->setSize(mesh != nullptr ? mesh->density : 0, mesh != nullptr ? mesh->dimension : 0);
     cells->recolourFromHeights();
     if (mesh != nullptr && document->background != nullptr) {
-        document->background->setMapSize(mesh->density, mesh->dimension);
+        const bool empty = mesh->vertices.empty();
+        document->background->setMapSize(empty ? usualDensity : mesh->density,
+                                         empty ? usualSide : mesh->dimension);
     }
     update();
 }
@@ -222,7 +226,7 @@ void GLMapWidget::wheelEvent(QWheelEvent *event) {
     const int steps = delta / wheelUnitsPerNotch;
     if (preview) {
         for (int i = 0; i < std::abs(steps); ++i) {
-            zoom *= steps < 0 ? zoomOutPerNotch : zoomInPerNotch;
+            zoom = std::max(zoom * (steps < 0 ? zoomOutPerNotch : zoomInPerNotch), nearestZoom);
         }
         update();
     } else if (!randomGeo) {

@@ -84,6 +84,10 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    /// The size that stands in where there is no terrain.
+    static constexpr int usualSide = 60;
+    static constexpr int usualDensity = 4;
+
     double aspect() const;
     double scale(int logical) const;
     int mapSide() const;
@@ -96,6 +100,7 @@ private:
     void setUpPreview();
     void setLightAndFog();
     void lookAtCenter();
+    void setCulling() const;
     void makeOpaque() const;
 
     bool pickPendingPoint();

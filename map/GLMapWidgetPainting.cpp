@@ -14,8 +14,6 @@ constexpr double nearPlane = 1;
 constexpr double farPlanePerSide = 3;
 constexpr float farthestZoom = 1.6F;
 constexpr float fogDensity = 0.015F;
-/// Stands in for the side of a map that has no terrain.
-constexpr int usualSide = 60;
 
 } // namespace
 
@@ -192,6 +190,15 @@ void GLMapWidget::lookAtCenter() {
     glTranslated(-center.x, -center.y, -center.z);
 }
 
+/// The water's drawing leaves culling switched on: from the first frame on, and only with water.
+void GLMapWidget::setCulling() const {
+    if (document->background != nullptr && document->background->water) {
+        glEnable(GL_CULL_FACE);
+    } else {
+        glDisable(GL_CULL_FACE);
+    }
+}
+
 void GLMapWidget::paintPreview() {
     if (previewStale) {
         setPreviewProjection();
@@ -212,6 +219,7 @@ void GLMapWidget::paintPreview() {
     glGetDoublev(GL_MODELVIEW_MATRIX, modelview.data());
     glGetDoublev(GL_PROJECTION_MATRIX, projection.data());
     glGetIntegerv(GL_VIEWPORT, viewport.data());
+    setCulling();
     document->draw(0.0F);
     document->drawSecondPass(0.0F);
     glFlush();

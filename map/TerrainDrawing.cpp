@@ -58,6 +58,10 @@ void TerrainMesh::drawStrips() {
     if (firstList == 0) {
         firstList = glGenLists(static_cast<GLsizei>(recorded.size()));
     }
+    if (firstList == 0) {
+        sendStrips(); // no names left
+        return;
+    }
     const std::size_t mode = wired == 0 ? 0 : 1;
     const GLuint list = firstList + static_cast<GLuint>(mode);
     if (!recorded[mode]) {

@@ -4,29 +4,44 @@
 
 #include <GL/gl.h>
 #include <QTextStream>
+#include <array>
+
+namespace {
+
+/// Keeps OpenGL's modelview matrix and puts it back. Groups may be nested deeper than OpenGL's own
+/// stack of matrices is.
+class KeptModelview {
+public:
+    KeptModelview() { glGetFloatv(GL_MODELVIEW_MATRIX, matrix.data()); }
+    KeptModelview(const KeptModelview &) = delete;
+    KeptModelview &operator=(const KeptModelview &) = delete;
+    ~KeptModelview() { glLoadMatrixf(matrix.data()); }
+
+private:
+    std::array<GLfloat, 16> matrix{};
+};
+
+} // namespace
 
 void CISGGroup::draw(float time) {
-    glPushMatrix();
+    const KeptModelview kept;
     for (const auto &child : children) {
         child->draw(time);
     }
-    glPopMatrix();
 }
 
 void CISGGroup::drawSecondPass(float time) {
-    glPushMatrix();
+    const KeptModelview kept;
     for (const auto &child : children) {
         child->drawSecondPass(time);
     }
-    glPopMatrix();
 }
 
 void CISGGroup::initGL() {
-    glPushMatrix();
+    const KeptModelview kept;
     for (const auto &child : children) {
         child->initGL();
     }
-    glPopMatrix();
 }
 
 void CISGGroup::writeXml(QTextStream &out) const {

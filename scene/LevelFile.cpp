@@ -8,7 +8,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(levels, "druvelk.levels")
+Q_LOGGING_CATEGORY(levels, "druvelk.level")
 
 } // namespace
 

@@ -24,7 +24,12 @@ bool writeIfMissing(const SampleLevel &sample, const QDir &workspace) {
     QTextStream out(&file);
     level.write(out);
     out.flush();
-    return out.status() == QTextStream::Ok && file.flush();
+    if (out.status() == QTextStream::Ok && file.flush()) {
+        return true;
+    }
+    // Half a level would be taken for the user's own from now on.
+    file.remove();
+    return false;
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "models/Md2Format.h"
 #include "models/Md2Normals.h"
-#include "tools/assets/characters/Strips.h"
+#include "tools/assets/characters/Runs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,9 +88,10 @@ void appendFrame(QByteArray &bytes, const Mesh &mesh, const std::vector<glm::vec
 
 QByteArray commandBytes(const Mesh &mesh) {
     QByteArray bytes;
-    for (const Strip &strip : stripsOf(mesh)) {
-        append(bytes, static_cast<std::int32_t>(strip.size()));
-        for (const StripCorner &corner : strip) {
+    for (const Run &run : runsOf(mesh)) {
+        const auto size = static_cast<std::int32_t>(run.corners.size());
+        append(bytes, run.fan ? -size : size);
+        for (const RunCorner &corner : run.corners) {
             const glm::vec2 texel = glm::vec2(mesh.texels[corner.texel]) / static_cast<float>(skinSize);
             append(bytes, texel.x);
             append(bytes, texel.y);

@@ -80,16 +80,19 @@ private:
         firstUv.push_back(static_cast<unsigned>(unwrapped.size()));
         for (unsigned j = 0; j < (tip ? 1 : corners); ++j)
             mesh.vertices.push_back({points[i][j], ring.bones});
-        for (unsigned j = 0; j < (tip ? corners : corners + 1); ++j)
+        for (unsigned j = 0; j < (tip ? 2 : corners + 1); ++j)
             unwrapped.emplace_back(around(j, tip) * width * part.detail, heights[i] * part.detail);
     }
 
+    /// A tip has two places, one for each half of the faces around it: so these make two fans.
     float around(unsigned j, bool tip) const {
-        return (static_cast<float>(j) + (tip ? 0.5f : 0.0f)) / static_cast<float>(corners);
+        return tip ? 0.25f + 0.5f * static_cast<float>(j)
+                   : static_cast<float>(j) / static_cast<float>(corners);
     }
 
     void corner(MeshFace &face, std::size_t slot, std::size_t ring, unsigned j) const {
         const bool tip = isTip(part.rings[ring]);
+        face.atTip = face.atTip || tip;
         face.vertex[slot] = firstVertex[ring] + (tip ? 0 : j % corners);
         face.texel[slot] = firstUv[ring] + j;
         face.place[slot] = {around(j, tip), heights[ring] / heights.back()};
@@ -107,13 +110,15 @@ private:
         const bool fromTip = isTip(part.rings[i]);
         const bool toTip = isTip(part.rings[i + 1]);
         for (unsigned j = 0; j < corners; ++j) {
+            const unsigned half = 2 * j < corners ? 0 : 1;
             if (fromTip) {
-                addFace({{{i, j}, {i + 1, j + 1}, {i + 1, j}}});
+                addFace({{{i, half}, {i + 1, j + 1}, {i + 1, j}}});
             } else if (toTip) {
-                addFace({{{i, j}, {i, j + 1}, {i + 1, j}}});
+                addFace({{{i, j}, {i, j + 1}, {i + 1, half}}});
             } else {
+                // In the order of a strip around the ring.
+                addFace({{{i + 1, j}, {i, j}, {i + 1, j + 1}}});
                 addFace({{{i, j}, {i, j + 1}, {i + 1, j + 1}}});
-                addFace({{{i, j}, {i + 1, j + 1}, {i + 1, j}}});
             }
         }
     }

@@ -18,6 +18,7 @@ struct MeshFace {
     std::array<glm::vec3, 3> normal{};
     std::array<glm::vec2, 3> place{}; ///< around and along of SurfacePoint.
     unsigned part = 0;
+    bool atTip = false; ///< One of a fan around a tip, with which it shares the vertex and the texel.
 };
 
 /// The texels of one part: a strip cut open at the seam.

@@ -132,7 +132,7 @@ QList<QWidget *> EditorForm::controlsInReadingOrder() const {
          {fileNewAction, fileOpenAction, fileSaveAction, Preview, Wired, centerTrack}) {
         controls.append(toolBar->widgetForAction(action));
     }
-    controls.append({MainTab});
+    controls.append(MainTab);
     controls.append({TerrainColor, SunColor, WaterColor, dayTime, Fog, water, randomGeo, SmoothTerrain});
     controls.append({TerrainTextureType, SkyTextureType, waterTextureType, birdTextureType});
     controls.append({CharID, activeNow, EditChar, Place, randomStart, numPlayer, numTeams});

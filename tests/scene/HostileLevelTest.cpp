@@ -38,7 +38,7 @@ QByteArray attributes(int count) {
 }
 
 QByteArray filledTo(qsizetype size, const QByteArray &piece) {
-    return piece.repeated((size - terrain({}).size()) / piece.size());
+    return piece.repeated((size - terrain({}, "256").size()) / piece.size());
 }
 
 } // namespace

@@ -157,7 +157,8 @@ private:
         for (int row = 0; row < side; row += k) {
             for (int column = 0; column < side; column += k) {
                 for (const int offset : offsets) {
-                    sum += heights[static_cast<std::size_t>(row * side + column + offset)];
+                    const int point = row * side + column + offset;
+                    sum += heights[static_cast<std::size_t>(point)];
                 }
             }
         }

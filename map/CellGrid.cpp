@@ -105,10 +105,11 @@ void CellGrid::drawOverview() {
     glBindTexture(GL_TEXTURE_2D, tileTexture);
     glEnable(GL_TEXTURE_2D);
     for (MapCell &cell : cells) {
+        const int column = cell.index % cellsPerSide;
+        const int row = cell.index / cellsPerSide;
         glPushMatrix();
         glLoadIdentity();
-        glTranslated(0.95 - cellSize * (cell.index % cellsPerSide),
-                     -0.95 + cellSize * (cell.index / cellsPerSide), 0);
+        glTranslated(0.95 - cellSize * column, -0.95 + cellSize * row, 0);
         cell.draw();
         glPopMatrix();
     }

@@ -171,8 +171,8 @@ template <typename Word, typename Record>
 void Md2Decoder::copyRecords(std::int32_t offset, std::int32_t count, std::vector<Record> &records) const {
     records.resize(static_cast<std::size_t>(count));
     if (count > 0) {
-        qFromLittleEndian<Word>(at(offset), count * static_cast<qsizetype>(sizeof(Record) / sizeof(Word)),
-                                records.data());
+        constexpr auto wordsPerRecord = static_cast<qsizetype>(sizeof(Record)) / qsizetype{sizeof(Word)};
+        qFromLittleEndian<Word>(at(offset), count * wordsPerRecord, records.data());
     }
 }
 

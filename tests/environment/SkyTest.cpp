@@ -41,7 +41,7 @@ struct PicturePoint {
     double t;
 };
 
-/// What stands where in a cube map: the table of the OpenGL specification.
+/// What stands where in a cube map, as OpenGL lays its faces out.
 PicturePoint inCubeMap(const Vec3 &r) {
     const float x = std::abs(r.x);
     const float y = std::abs(r.y);

@@ -207,10 +207,15 @@ void BackgroundRenderer::drawWater(float t) {
     multiply(groundModelview, groundModelview, lower);
     loadIntoGL(groundModelview);
     glEnable(GL_BLEND);
+    // Water is added to what lies below, which has its fog already: in the distance it adds nothing.
+    constexpr std::array<GLfloat, 4> noLight{};
+    glPushAttrib(GL_FOG_BIT);
+    glFogfv(GL_FOG_COLOR, noLight.data());
     glColor3fv(waterColor.data());
     if (firstList != 0) {
         glCallList(firstList + 1);
     }
+    glPopAttrib();
     glDisable(GL_BLEND);
     glPopMatrix();
     glDisable(GL_TEXTURE_2D);

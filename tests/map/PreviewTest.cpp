@@ -127,6 +127,17 @@ private slots:
         QCOMPARE(probe->at(36, 0, 4).red(), 0);
     }
 
+    void fogSwallowsDistantWater() {
+        probe->shape([](float, float) { return -2.F; });
+        level().water = true;
+        level().fog = true;
+        level().setSunColor(0.5F, 0.5F, 0.5F);
+        view->setDirty(true);
+        probe->look();
+        // Added to fog, the fog's own colour would make the far water brighter than the sky.
+        QVERIFY(brightness(probe->at(4, -0.3, 36)) < brightness(probe->at(QPoint(250, 5))) + 60);
+    }
+
     void theWireFrameIsSeenThrough() {
         probe->shape([](float x, float z) {
             return std::max(0.F, 30 - 3 * std::max(std::abs(x - 20), std::abs(z - 20)));

@@ -76,8 +76,10 @@ private slots:
         QCOMPARE(mesh.density, density);
         for (int i = 0; i < n * n; i += n / 7 + 1) {
             const TerrainVertex &vertex = mesh.vertices[std::size_t(i)];
-            const auto x = float(double(i % n) / density);
-            const auto z = float(double(i / n) / density);
+            const int row = i / n;
+            const int column = i % n;
+            const auto x = float(double(column) / density);
+            const auto z = float(double(row) / density);
             QVERIFY(same(vertex.position, {x, 0, z}, 0));
             QVERIFY(same(vertex.texture, {z / float(dimension), x / float(dimension), 0}));
         }

@@ -57,6 +57,7 @@ bool makeCharacter(const QDir &data, std::size_t number) {
     const std::vector<Pose> poses = idleFrames(figure);
     const Mesh mesh = buildMesh(figure.parts);
     std::vector<std::vector<glm::vec3>> frames;
+    frames.reserve(poses.size());
     for (const Pose &pose : poses)
         frames.push_back(posed(mesh, pose));
     bool good = directory.mkpath(QStringLiteral(".")) &&

@@ -230,6 +230,7 @@ Figure makeRat() {
                                            {-23.6f, 8.0f, 5.2f},
                                            {-24.2f, 11.8f, 7.2f},
                                            {-23.2f, 15.0f, 10.4f}}};
+    tail.reserve(tail.size() + joints.size());
     for (const glm::vec3 &joint : joints)
         tail.push_back(parent = rat.rig.skeleton.add(joint, parent));
     rat.idle.breaths = 8;

@@ -40,7 +40,8 @@ QImage SkinSpill::image() const {
     const auto byte = [](float value) { return static_cast<int>(std::lround(value * 255.0f)); };
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
-            const glm::vec4 colour = levels.front().sums[static_cast<std::size_t>(y * side + x)];
+            const int texel = y * side + x;
+            const glm::vec4 colour = levels.front().sums[static_cast<std::size_t>(texel)];
             picture.setPixel(x, y, qRgb(byte(colour.r), byte(colour.g), byte(colour.b)));
         }
     }

@@ -33,7 +33,8 @@ std::vector<Stone> scatterStones(int side, int count, float smallest, float larg
     std::vector<std::vector<std::size_t>> grid(static_cast<std::size_t>(buckets) *
                                                static_cast<std::size_t>(buckets));
     const auto bucket = [&](int x, int y) -> std::vector<std::size_t> & {
-        return grid[static_cast<std::size_t>(((y + buckets) % buckets) * buckets + (x + buckets) % buckets)];
+        const int number = (y + buckets) % buckets * buckets + (x + buckets) % buckets;
+        return grid[static_cast<std::size_t>(number)];
     };
     std::vector<Stone> stones;
     const int tries = 12 * count;

@@ -6,5 +6,5 @@ build_packages=(
   libglm-dev libmeshoptimizer-dev libassimp-dev
 )
 run_packages=(libgl1-mesa-dri qt6-qpa-plugins qt6-image-formats-plugins fonts-dejavu-core)
-test_packages=(xvfb xauth xdotool x11-utils)
+test_packages=(xvfb xauth)
 lint_packages=(clang-format clang-tidy)

@@ -228,6 +228,15 @@ private slots:
         QVERIFY(!closeTo(drawn().pixelColor(95, 80), tint));
     }
 
+    void aFaceThatIsNotSquareIsNoFaceOfACube() {
+        writeSky(directory);
+        node->initGL();
+        const QString face = directory + "/mount_posx.png";
+        QVERIFY(QImage(face).scaled(8, 4).save(face));
+        QCOMPARE(loadSkyTextures(node->skyTextures, base.toUtf8().constData()), !cubeMapsAvailable());
+        QCOMPARE(glGetError(), GLenum{GL_NO_ERROR});
+    }
+
     void tintColorsThePicture() {
         writeSky(directory);
         node->dayTime = 30;

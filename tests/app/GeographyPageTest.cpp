@@ -75,8 +75,11 @@ private slots:
         for (const char *dependent : {"waterWalking", "WaterColor", "textLabel2_2", "WaterTextureGroup"}) {
             QVERIFY2(!editor.find<QWidget>(dependent).isEnabled(), dependent);
         }
+        editor.window->mapView->reinitPending = false;
         editor.click("water");
         QVERIFY(editor.environment().water && editor.environment().waterWalking);
+        // The plane has no list yet if the water was off when the preview was set up.
+        QVERIFY(editor.window->mapView->reinitPending);
         editor.click("waterWalking");
         QVERIFY(editor.environment().water && !editor.environment().waterWalking);
     }

@@ -50,6 +50,17 @@ private slots:
         QCOMPARE(probe->picture(), first);
     }
 
+    void waterDoesNotChangeWhatTheNextFrameShows() {
+        // From below, the ground's underside is seen only while culling is off.
+        level().water = true;
+        view->setDirty(true);
+        view->center.y = -40;
+        probe->look();
+        const QImage first = probe->picture();
+        probe->look();
+        QCOMPARE(probe->picture(), first);
+    }
+
     void theSkyFollowsTheDay_data() {
         QTest::addColumn<int>("dayTime");
         QTest::addColumn<float>("red");

@@ -19,17 +19,25 @@ glm::vec3 ringAxis(const std::vector<Ring> &rings, std::size_t i) {
     return glm::normalize(after - before);
 }
 
-std::vector<glm::vec3> ringPoints(const Part &part, std::size_t i) {
+std::vector<MeshVertex> ringPoints(const Part &part, std::size_t i) {
     const Ring &ring = part.rings[i];
-    if (isTip(ring))
-        return std::vector<glm::vec3>(part.profile.size(), ring.centre);
+    if (isTip(ring)) {
+        MeshVertex tip{ring.centre, ring.bones};
+        if (part.sculpt)
+            part.sculpt(i, 0, tip.position, tip.bones);
+        return std::vector<MeshVertex>(part.profile.size(), tip);
+    }
     const glm::vec3 axis = ringAxis(part.rings, i);
     const glm::vec3 side = glm::normalize(glm::cross(part.front, axis));
     const glm::vec3 front = glm::cross(axis, side);
-    std::vector<glm::vec3> points;
-    for (const glm::vec2 &corner : part.profile)
-        points.push_back(ring.centre + side * (corner.x * ring.radius.x) +
-                         front * (corner.y * ring.radius.y));
+    std::vector<MeshVertex> points;
+    for (unsigned j = 0; j < part.profile.size(); ++j) {
+        const glm::vec2 corner = part.profile[j] * ring.radius;
+        MeshVertex &point =
+            points.emplace_back(MeshVertex{ring.centre + side * corner.x + front * corner.y, ring.bones});
+        if (part.sculpt)
+            part.sculpt(i, j, point.position, point.bones);
+    }
     return points;
 }
 
@@ -61,9 +69,10 @@ private:
             float girth = 0.0f;
             float step = 0.0f;
             for (unsigned j = 0; j < corners; ++j) {
-                girth += glm::distance(points[i][j], points[i][(j + 1) % corners]);
+                girth += glm::distance(points[i][j].position, points[i][(j + 1) % corners].position);
                 if (i > 0)
-                    step += glm::distance(points[i][j], points[i - 1][j]) / static_cast<float>(corners);
+                    step += glm::distance(points[i][j].position, points[i - 1][j].position) /
+                            static_cast<float>(corners);
             }
             width = std::max(width, girth);
             if (i > 0)
@@ -74,12 +83,11 @@ private:
     }
 
     void addRing(std::size_t i) {
-        const Ring &ring = part.rings[i];
-        const bool tip = isTip(ring);
+        const bool tip = isTip(part.rings[i]);
         firstVertex.push_back(static_cast<unsigned>(mesh.vertices.size()));
         firstUv.push_back(static_cast<unsigned>(unwrapped.size()));
         for (unsigned j = 0; j < (tip ? 1 : corners); ++j)
-            mesh.vertices.push_back({points[i][j], ring.bones});
+            mesh.vertices.push_back(points[i][j]);
         for (unsigned j = 0; j < (tip ? 2 : corners + 1); ++j)
             unwrapped.emplace_back(around(j, tip) * width * part.detail, heights[i] * part.detail);
     }
@@ -158,7 +166,7 @@ private:
     Mesh &mesh;
     std::vector<glm::vec2> &unwrapped;
     unsigned corners;
-    std::vector<std::vector<glm::vec3>> points;
+    std::vector<std::vector<MeshVertex>> points;
     std::vector<float> heights;
     std::vector<unsigned> firstVertex;
     std::vector<unsigned> firstUv;

@@ -60,6 +60,11 @@ struct SurfacePoint {
 
 using Decoration = std::function<void(const SurfacePoint &, Coat &)>;
 
+/// Moves a point of the tube at rest, and may choose the bones that it follows: how a nose comes
+/// out of a ring, or a flap of a coat swings by itself. Rings and corners are counted from 0.
+using Sculpting =
+    std::function<void(std::size_t ring, unsigned corner, glm::vec3 &position, Influence &bones)>;
+
 /// A tube through rings: limbs, torsos, plates and helmets are all made of these.
 struct Part {
     Material material = Material::Cloth;
@@ -70,6 +75,7 @@ struct Part {
     std::vector<Ring> rings;
     bool sharp = false;  ///< Keeps edges in the light instead of rounding them.
     float detail = 1.0f; ///< Share of the skin compared to other parts of the size.
+    Sculpting sculpt;
     Decoration decorate;
 
     Part &ring(const glm::vec3 &centre, const glm::vec2 &radius, const Influence &bones,

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "environment/BackgroundContent.h"
 #include "environment/SkyTextures.h"
 #include "map/math/Matrix4.h"
 
 #include <GL/gl.h>
-#include <QString>
 #include <array>
 #include <cstdint>
 
-/// What surrounds the terrain, and the game's options: holds the data and draws sky box, ground
-/// frame, outline and water plane. Colours are red, green, blue from 0 to 1.
-class BackgroundRenderer {
+/// What surrounds the terrain, with what it takes to draw it: sky box, ground frame, outline and
+/// water plane.
+class BackgroundRenderer : public BackgroundContent {
 public:
     BackgroundRenderer();
     BackgroundRenderer(const BackgroundRenderer &) = delete;
@@ -19,31 +19,11 @@ public:
     SkyTextures skyTextures;
     float groundScaleHeight = 10.0F; ///< Height of the ground list's own translation and scale.
 
-    bool water = true; ///< The water plane is shown.
-    bool fog = false;  ///< Fog; also hides the sky box.
-    bool waterWalking = true;
-    bool craters = true;
-    bool bengala = true;
-    bool deathTouch = true;
-    bool dynamicTime = true; ///< The sun moves during the battle.
-
-    QString cubeTexture; ///< Base file name of the sky, see cubeFaceFileName.
-    QString waterTexture;
-    QString groundTexture;
-    QString birdTexture; ///< Stored for the game; the editor draws no birds.
-
     int density = 4;    ///< Grid points per map unit, copied from the terrain.
     int dimension = 60; ///< Side of the map in map units, copied from the terrain.
 
     Matrix4 skyRotation; ///< The view's rotation without translation and scale, of the last frame.
-    std::array<float, 4> sunColor{1, 0.95F, 0.85F, 1};
-    int dayTime = 70; ///< The sun's angle in degrees: 30 sunrise, 70 noon, 171 night.
-    int sunSpeed = 15;
-    int birdsNumber = 3;
-    float gravity = 9.8F;
     std::array<float, 3> skyTint{1, 1, 1};
-    std::array<float, 3> groundColor{1, 1, 1};
-    std::array<float, 3> waterColor{0.2F, 0.4F, 0.8F};
     Matrix4 groundModelview; ///< The modelview right after the ground list, for the second pass.
     GLuint groundTextureObject = 0;
     GLuint waterTextureObject = 0;

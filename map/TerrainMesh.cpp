@@ -32,10 +32,27 @@ void TerrainMesh::clear() {
 void TerrainMesh::build(const std::function<float()> &nextHeight) {
     clear();
     builtPointsPerSide = pointsPerSideOf(dimension, density);
+    builtDensity = density;
     if (builtPointsPerSide > 0) {
         buildVertices(nextHeight);
         buildTriangles();
     }
+}
+
+void TerrainMesh::setHeights(const TerrainHeights &heights) {
+    if (heights.size() == 0) {
+        clear();
+        return;
+    }
+    // The spacing of the points is part of the grid, too: 40 × 4 and 80 × 2 have as many.
+    const bool sameGrid = heights.size() == vertices.size() && builtDensity == density;
+    if (!sameGrid) {
+        build();
+    }
+    if (heights.size() == vertices.size()) {
+        heights.copyTo(vertices);
+    }
+    markChanged();
 }
 
 void TerrainMesh::buildVertices(const std::function<float()> &nextHeight) {

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "map/TerrainContent.h"
+#include "map/TerrainHeights.h"
 #include "map/math/Vec3.h"
 
 #include <GL/gl.h>
-#include <QString>
 #include <array>
 #include <functional>
 #include <vector>
@@ -28,7 +29,7 @@ struct TerrainTriangle {
 
 /// A square height field: N × N points, N = dimension × density, and its triangles. Row r and
 /// column c of the grid are point r · N + c, at x = c / density, z = r / density.
-class TerrainMesh {
+class TerrainMesh : public TerrainContent {
 public:
     TerrainMesh() = default;
     TerrainMesh(const TerrainMesh &) = delete;
@@ -41,11 +42,6 @@ public:
     std::vector<TerrainVertex> vertices;
     std::vector<TerrainTriangle> triangles; ///< Referring into vertices.
     int wired = 0;                          ///< 0: textured, lit surface; 1: wire frame.
-    QString texture;                        ///< Image file of the terrain texture.
-    int density = 0;                        ///< Grid points per map unit.
-    int dimension = 0;                      ///< Side of the map in map units.
-    std::array<float, 3> color{1, 1, 1};
-    bool randomGeography = false; ///< The game makes the terrain; heights are not stored.
 
     /// Stores both; the grid stays as it is until build.
     void setSize(int newDimension, int newDensity);
@@ -58,6 +54,15 @@ public:
     /// Builds the grid for the stored size with the heights that `nextHeight` gives, point by
     /// point in grid order; none means all 0. A size out of range gives an empty grid.
     void build(const std::function<float()> &nextHeight = {});
+
+    /// The heights of the grid. What is the same in `earlier` is shared with it.
+    TerrainHeights heights(const TerrainHeights &earlier = {}) const {
+        return TerrainHeights(vertices, earlier);
+    }
+
+    /// Takes the heights of a grid of the stored size; the grid is built anew where it has another.
+    /// An empty grid's heights empty this one. Normals are stale afterwards.
+    void setHeights(const TerrainHeights &heights);
 
     /// Recomputes every face normal, then the vertex normals of rows 1 to N − 2 (sums of the face
     /// normals around a point, not normalised).
@@ -91,6 +96,7 @@ private:
     void sendStrips() const;
 
     int builtPointsPerSide = 0;
+    int builtDensity = 0;
     GLuint firstList = 0;           ///< Recorded strips: the surface, then the wire frame.
     std::array<bool, 2> recorded{}; ///< Which of the two lists hold the grid as it is.
 };

@@ -1,34 +1,12 @@
 #pragma once
 
+#include "scene/PlayerContent.h"
 #include "scene/SceneNode.h"
 
-#include <QString>
-
-/// One of a level's players: the codes that a file stores, the names that the editor shows, and
-/// where the player starts.
-class CharacterNode : public SceneNode {
+/// One of a level's players as a node of the graph.
+class CharacterNode : public SceneNode, public PlayerContent {
 public:
-    /// Values of `cell` that name no cell of the map.
-    static constexpr int randomStart = -1;
-    static constexpr int notPlaced = -2;
-
-    /// Value of `waitFor` for a player that never shoots.
-    static constexpr int neverShoots = 99;
-
-    static constexpr int teamCount = 4;
-
-    QString name = QStringLiteral("john doe");
-    QString weapon = QStringLiteral("standard");
-    QString team = QStringLiteral("blue");
-    QString model = QStringLiteral("Terminator");
-    int modelIndex = 0;
-    int teamIndex = 0;
-    int waitFor = 0;
-    int cell = notPlaced; ///< 0 to 399: the cell of the overview the player starts on.
-    bool placed = false;
-    bool active = false;
-    bool current = false;
-    float weaponValue = 0.5F;
+    bool current = false; ///< The player that the window shows.
 
     /// Only active players that stand on a cell, or start anywhere, are written to a file.
     bool isSaved() const { return active && (placed || cell == randomStart); }

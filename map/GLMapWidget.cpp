@@ -233,6 +233,7 @@ void GLMapWidget::wheelEvent(QWheelEvent *event) {
         cells->changeSelectedHeight(static_cast<float>(steps));
         normalsDirty = true;
         update();
+        emit heightsChanged();
     }
 }
 

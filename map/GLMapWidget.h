@@ -74,6 +74,10 @@ public slots:
     void setRandomGeo(bool random);
     bool getRandomGeo() const { return randomGeo; }
 
+signals:
+    /// The user raised or lowered the selected cells.
+    void heightsChanged();
+
 protected:
     void initializeGL() override;
     void resizeGL(int width, int height) override;

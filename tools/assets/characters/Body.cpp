@@ -77,37 +77,6 @@ void domeRings(Part &part, const glm::vec3 &centre, const glm::vec3 &outward, co
     part.tip(centre + way * height, bones);
 }
 
-void addFist(Figure &figure, Side side, Material material, const glm::vec3 &colour, float size) {
-    const Rig &rig = figure.rig;
-    const Influence hand = on(rig.arm[side].end);
-    const glm::vec3 wrist = rig.at(rig.arm[side].end);
-    const float scale = glm::length(glm::vec3(rig.weapon[0]));
-    const glm::vec3 goal = rig.atWeapon(side == Right ? glm::vec3(0.3f, 0, 0.2f) : glm::vec3(9.8f, 0, 0.5f));
-    const glm::vec3 way = glm::normalize(goal - wrist);
-    // Across the fingers: along the grip for the right hand, along the barrel for the left.
-    const glm::vec3 across = rig.weaponWay(side == Right ? glm::vec3(-0.1f, 0, 1) : glm::vec3(1, 0, 0));
-    const float reach = glm::distance(goal, wrist);
-    const float s = size * scale;
-    Part &fist = figure.add(material, colour, softProfile(7, 2.8f), across);
-    fist.detail = 1.2f;
-    fist.ring(wrist - way * 0.6f * s, {1.15f * s, 1.25f * s}, between(rig.arm[side].lower, hand.first, 0.5f));
-    fist.ring(wrist + way * (reach * 0.55f), {1.5f * s, 1.9f * s}, hand);
-    fist.ring(goal + way * 0.7f * s, {1.6f * s, 2.0f * s}, hand);
-    fist.ring(goal + way * 1.5f * s, {1.1f * s, 1.65f * s}, hand);
-    fist.tip(goal + way * 1.75f * s, hand);
-    fist.decorate = [=](const SurfacePoint &at, Coat &coat) {
-        const float finger = glm::dot(at.position - goal, across) / (0.98f * s);
-        const float beyond = glm::smoothstep(-0.3f, 0.5f, glm::dot(at.position - goal, way));
-        groove(coat, beyond * band(finger - std::round(finger), 0.05f, 0.14f), 0.2f);
-    };
-    Part &thumb = figure.add(material, colour, roundProfile(4), way);
-    const glm::vec3 out = glm::normalize(glm::cross(way, across)) * (side == Right ? -1.0f : 1.0f);
-    const glm::vec3 root = wrist + way * (reach * 0.6f) + across * 1.2f * s + out * 0.9f * s;
-    thumb.ring(root, {0.65f * s, 0.65f * s}, hand);
-    thumb.ring(root + way * 1.6f * s + out * 0.5f * s, {0.58f * s, 0.58f * s}, hand);
-    thumb.tip(root + way * 2.7f * s + out * 0.2f * s, hand);
-}
-
 Part &addFoot(Figure &figure, Side side, Material material, const glm::vec3 &colour, const FootShape &shape) {
     const Rig &rig = figure.rig;
     const Influence foot = on(rig.leg[side].end);

@@ -34,7 +34,8 @@ void barRings(Part &part, const glm::vec3 &from, const glm::vec3 &to, const glm:
 void domeRings(Part &part, const glm::vec3 &centre, const glm::vec3 &outward, const glm::vec2 &radius,
                float height, const Influence &bones);
 
-/// A fist around the weapon: the right one at the grip, the left one below the barrel.
+/// A hand closed around the weapon: palm, thumb and fingers, the right one at the grip with a finger at the
+/// trigger, the left one from below around the fore-end. `size` 1 is a human hand.
 void addFist(Figure &figure, Side side, Material material, const glm::vec3 &colour, float size);
 
 /// A foot or boot from heel to toe, flat below.

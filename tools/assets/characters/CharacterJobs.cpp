@@ -7,6 +7,7 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <array>
+#include <glm/gtc/matrix_transform.hpp>
 
 namespace {
 
@@ -31,43 +32,63 @@ bool save(const QDir &directory, const QString &name, const QImage &picture) {
 }
 
 std::vector<glm::vec3> posed(const Mesh &mesh, const Pose &pose) {
-    std::vector<glm::vec3> frame;
+    std::vector<glm::vec3> vertices;
     for (const MeshVertex &vertex : mesh.vertices) {
-        frame.push_back(glm::mix(pose.carry(vertex.bones.first, vertex.position),
-                                 pose.carry(vertex.bones.second, vertex.position), vertex.bones.toSecond));
+        vertices.push_back(glm::mix(pose.carry(vertex.bones.first, vertex.position),
+                                    pose.carry(vertex.bones.second, vertex.position), vertex.bones.toSecond));
     }
-    return frame;
+    return vertices;
 }
 
-/// The weapon's mesh in the figure's hand, frame by frame.
-std::vector<std::vector<glm::vec3>> carried(const Mesh &weapon, const Figure &figure,
-                                            const std::vector<Pose> &poses) {
-    std::vector<std::vector<glm::vec3>> frames;
-    for (const Pose &pose : poses) {
-        std::vector<glm::vec3> &frame = frames.emplace_back();
-        for (const MeshVertex &vertex : weapon.vertices)
-            frame.push_back(pose.carry(figure.rig.arm[Right].end, figure.rig.atWeapon(vertex.position)));
+/// The figure frame by frame. Poses that lie are moved so that they rest on the floor.
+std::vector<ModelFrame> shown(const Mesh &mesh, std::vector<NamedPose> &poses) {
+    std::vector<ModelFrame> frames;
+    for (NamedPose &frame : poses) {
+        std::vector<glm::vec3> vertices = posed(mesh, frame.pose);
+        if (frame.lying) {
+            const auto lower = [](const glm::vec3 &a, const glm::vec3 &b) { return a.z < b.z; };
+            const float low = std::min_element(vertices.begin(), vertices.end(), lower)->z;
+            frame.pose.moveAll(glm::translate(glm::mat4(1.0f), {0, 0, -low}));
+            vertices = posed(mesh, frame.pose);
+        }
+        frames.push_back({frame.name, std::move(vertices)});
     }
     return frames;
 }
 
-bool makeCharacter(const QDir &data, std::size_t number) {
+/// The weapon's mesh in the figure's hand, frame by frame.
+std::vector<ModelFrame> carried(const Mesh &weapon, const Figure &figure,
+                                const std::vector<NamedPose> &poses) {
+    std::vector<ModelFrame> frames;
+    for (const NamedPose &pose : poses) {
+        ModelFrame &frame = frames.emplace_back(ModelFrame{pose.name, {}});
+        for (const MeshVertex &vertex : weapon.vertices)
+            frame.vertices.push_back(
+                pose.pose.carry(figure.rig.arm[Right].end, figure.rig.atWeapon(vertex.position)));
+    }
+    return frames;
+}
+
+bool makeModels(const QDir &data, std::size_t number) {
     const QDir directory(data.filePath(QLatin1String(characterNames[number])));
     const Figure figure = figureMakers[number]();
-    const std::vector<Pose> poses = idleFrames(figure);
+    std::vector<NamedPose> poses = framesOf(figure);
     const Mesh mesh = buildMesh(figure.parts);
-    std::vector<std::vector<glm::vec3>> frames;
-    frames.reserve(poses.size());
-    for (const Pose &pose : poses)
-        frames.push_back(posed(mesh, pose));
     bool good = directory.mkpath(QStringLiteral(".")) &&
-                save(directory, QStringLiteral("tris.md2"), modelFile(mesh, frames));
+                save(directory, QStringLiteral("tris.md2"), modelFile(mesh, shown(mesh, poses)));
     for (std::size_t i = 0; i < weaponMakers.size(); ++i) {
         const Mesh held = buildMesh(weaponMakers[i]());
         good = good && save(directory, QLatin1String(weaponNames[i]) + QStringLiteral(".md2"),
                             modelFile(held, carried(held, figure, poses)));
     }
-    const SkinBaker baker(mesh, figure.parts);
+    return good;
+}
+
+bool makeSkins(const QDir &data, std::size_t number) {
+    const QDir directory(data.filePath(QLatin1String(characterNames[number])));
+    const Figure figure = figureMakers[number]();
+    const SkinBaker baker(buildMesh(figure.parts), figure.parts);
+    bool good = directory.mkpath(QStringLiteral("."));
     for (std::size_t i = 0; i < teamColours.size(); ++i)
         good = good && save(directory, QLatin1String(teamNames[i]) + QStringLiteral(".png"),
                             baker.skin(teamColours[i]));
@@ -90,9 +111,13 @@ bool makeWeaponSkin(const QDir &data, std::size_t number) {
 
 std::vector<AssetJob> characterJobs() {
     std::vector<AssetJob> jobs;
-    for (std::size_t i = 0; i < characterNames.size(); ++i)
+    for (std::size_t i = 0; i < characterNames.size(); ++i) {
+        const QString name = QLatin1String(characterNames[i]);
         jobs.push_back(
-            {QLatin1String(characterNames[i]), [i](const QDir &data) { return makeCharacter(data, i); }});
+            {name + QStringLiteral("/skins"), [i](const QDir &data) { return makeSkins(data, i); }});
+        jobs.push_back(
+            {name + QStringLiteral("/tris.md2"), [i](const QDir &data) { return makeModels(data, i); }});
+    }
     for (std::size_t i = 0; i < weaponNames.size(); ++i) {
         jobs.push_back({QLatin1String(weaponNames[i]) + QStringLiteral(".png"),
                         [i](const QDir &data) { return makeWeaponSkin(data, i); }});

@@ -21,11 +21,11 @@ glm::vec3 asStored(const glm::vec3 &seen) {
     return {seen.x, -seen.y, seen.z - 24.0f};
 }
 
-Box boxOf(const std::vector<std::vector<glm::vec3>> &frames) {
+Box boxOf(const std::vector<ModelFrame> &frames) {
     Box box;
     glm::vec3 high(-1e9f);
-    for (const auto &frame : frames) {
-        for (const glm::vec3 &vertex : frame) {
+    for (const ModelFrame &frame : frames) {
+        for (const glm::vec3 &vertex : frame.vertices) {
             box.low = glm::min(box.low, asStored(vertex));
             high = glm::max(high, asStored(vertex));
         }
@@ -65,15 +65,14 @@ void append(QByteArray &bytes, const Record &record) {
     bytes.append(reinterpret_cast<const char *>(&record), static_cast<qsizetype>(sizeof record));
 }
 
-void appendFrame(QByteArray &bytes, const Mesh &mesh, const std::vector<glm::vec3> &frame, const Box &box,
-                 std::size_t number) {
+void appendFrame(QByteArray &bytes, const Mesh &mesh, const ModelFrame &named, const Box &box) {
+    const std::vector<glm::vec3> &frame = named.vertices;
     Md2FrameHeader header;
     for (glm::length_t axis = 0; axis < 3; ++axis) {
         header.scale[static_cast<std::size_t>(axis)] = box.scale[axis];
         header.translate[static_cast<std::size_t>(axis)] = box.low[axis];
     }
-    const QByteArray name = "stand" + QByteArray::number(static_cast<int>(number) + 1).rightJustified(2, '0');
-    std::copy(name.begin(), name.end(), header.name.begin());
+    std::copy(named.name.begin(), named.name.end(), header.name.begin());
     append(bytes, header);
     const auto normals = vertexNormals(mesh, frame);
     const auto byte = [](float value) {
@@ -131,14 +130,14 @@ std::int32_t count(qsizetype value) {
 
 } // namespace
 
-QByteArray modelFile(const Mesh &mesh, const std::vector<std::vector<glm::vec3>> &frames) {
+QByteArray modelFile(const Mesh &mesh, const std::vector<ModelFrame> &frames) {
     const QByteArray texels = texelBytes(mesh);
     const QByteArray triangles = triangleBytes(mesh);
     const QByteArray commands = commandBytes(mesh);
     QByteArray packed;
     const Box box = boxOf(frames);
-    for (std::size_t i = 0; i < frames.size(); ++i)
-        appendFrame(packed, mesh, frames[i], box, i);
+    for (const ModelFrame &frame : frames)
+        appendFrame(packed, mesh, frame, box);
 
     Md2Header header;
     header.ident = md2Ident;

@@ -41,6 +41,25 @@ std::vector<MeshVertex> ringPoints(const Part &part, std::size_t i) {
     return points;
 }
 
+/// The part with a cap on each end that is not a tip: rounded, but flat on a sharp part.
+Part closed(const Part &part) {
+    Part whole = part;
+    std::vector<Ring> &rings = whole.rings;
+    const std::size_t last = rings.size() - 1;
+    const glm::vec3 first = ringAxis(part.rings, 0);
+    const glm::vec3 end = ringAxis(part.rings, last);
+    const auto cap = [&](Ring &rim, const glm::vec3 &axis, float way) {
+        rim.along = axis;
+        const float rise = part.sharp ? 0.0f : 0.3f * std::min(rim.radius.x, rim.radius.y);
+        return Ring{rim.centre + axis * (way * rise), glm::vec2(0.0f), rim.bones, axis};
+    };
+    if (!isTip(part.rings[last]))
+        rings.push_back(cap(rings[last], end, 1.0f));
+    if (!isTip(part.rings.front()))
+        rings.insert(rings.begin(), cap(rings.front(), first, -1.0f));
+    return whole;
+}
+
 /// Adds one part to the mesh; its texels are in units until the atlas is packed.
 class PartMesher {
 public:
@@ -179,7 +198,7 @@ Mesh buildMesh(const std::vector<Part> &parts) {
     Mesh mesh;
     std::vector<glm::vec2> unwrapped;
     for (unsigned i = 0; i < parts.size(); ++i)
-        PartMesher(parts[i], i, mesh, unwrapped).add();
+        PartMesher(closed(parts[i]), i, mesh, unwrapped).add();
 
     std::vector<glm::vec2> sizes;
     for (const Island &island : mesh.islands)

@@ -35,5 +35,5 @@ struct Mesh {
     std::vector<Island> islands; ///< One for each part.
 };
 
-/// The parts at rest, unwrapped and packed into one skin.
+/// The parts at rest, each closed at both ends, unwrapped and packed into one skin.
 Mesh buildMesh(const std::vector<Part> &parts);

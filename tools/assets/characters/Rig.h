@@ -32,8 +32,8 @@ struct RigPlan {
     glm::vec3 grip{9, -5, 35}; ///< Middle of the right fist.
     glm::vec3 aim{0, -6, 38};  ///< Degrees the weapon is turned about x, y and z from straight ahead.
     float weaponSize = 1;
-    glm::vec3 rightWrist{-2.3f, -0.4f, -0.7f}; ///< Seen from the weapon, in its units.
-    glm::vec3 leftWrist{7.4f, 0.6f, -2.6f};
+    glm::vec3 rightWrist{-3.5f, -0.9f, -1.5f}; ///< Seen from the weapon, in its units.
+    glm::vec3 leftWrist{6.4f, 2.0f, -1.9f};
 };
 
 /// The skeleton of such a figure. Left and right are told apart by Side.

@@ -34,7 +34,7 @@ glm::vec3 middleJoint(const glm::vec3 &start, const glm::vec3 &end, float upper,
 }
 
 Pose::Pose(const Skeleton &figure)
-    : skeleton(figure), turns(figure.size(), glm::mat4(1.0f)), shifts(figure.size(), glm::vec3(0.0f)),
+    : skeleton(&figure), turns(figure.size(), glm::mat4(1.0f)), shifts(figure.size(), glm::vec3(0.0f)),
       transforms(figure.size(), glm::mat4(1.0f)) {}
 
 void Pose::turn(Bone bone, const glm::vec3 &degrees) {
@@ -47,9 +47,9 @@ void Pose::shift(Bone bone, const glm::vec3 &offset) {
 
 void Pose::settle() {
     const glm::mat4 one(1.0f);
-    for (Bone bone = 0; bone < skeleton.size(); ++bone) {
-        const glm::vec3 joint = skeleton.joint(bone);
-        const Bone parent = skeleton.parent(bone);
+    for (Bone bone = 0; bone < skeleton->size(); ++bone) {
+        const glm::vec3 joint = skeleton->joint(bone);
+        const Bone parent = skeleton->parent(bone);
         transforms[bone] = (parent == bone ? one : transforms[parent]) *
                            glm::translate(one, joint + shifts[bone]) * turns[bone] *
                            glm::translate(one, -joint);
@@ -78,11 +78,16 @@ glm::mat4 moved(const glm::mat3 &rest, const glm::mat3 &now, const glm::vec3 &re
 
 } // namespace
 
+void Pose::moveAll(const glm::mat4 &movement) {
+    for (glm::mat4 &transform : transforms)
+        transform = movement * transform;
+}
+
 void Pose::reach(const Limb &limb, const glm::mat4 &target) {
-    const glm::vec3 start = skeleton.joint(limb.upper);
-    const glm::vec3 middle = skeleton.joint(limb.lower);
-    const glm::vec3 end = skeleton.joint(limb.end);
-    const glm::mat4 &above = transforms[skeleton.parent(limb.upper)];
+    const glm::vec3 start = skeleton->joint(limb.upper);
+    const glm::vec3 middle = skeleton->joint(limb.lower);
+    const glm::vec3 end = skeleton->joint(limb.end);
+    const glm::mat4 &above = transforms[skeleton->parent(limb.upper)];
 
     const glm::vec3 newStart(above * glm::vec4(start, 1.0f));
     const glm::vec3 newEnd(target * glm::vec4(end, 1.0f));

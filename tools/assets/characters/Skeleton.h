@@ -42,12 +42,14 @@ public:
     void settle();
     /// After settle(): moves the end of the limb to `target` and bends the two bones above it.
     void reach(const Limb &limb, const glm::mat4 &target);
+    /// After that: moves the whole body.
+    void moveAll(const glm::mat4 &movement);
 
     const glm::mat4 &of(Bone bone) const { return transforms[bone]; }
     glm::vec3 carry(Bone bone, const glm::vec3 &restPoint) const;
 
 private:
-    const Skeleton &skeleton;
+    const Skeleton *skeleton;
     std::vector<glm::mat4> turns;
     std::vector<glm::vec3> shifts;
     std::vector<glm::mat4> transforms;

@@ -1,9 +1,9 @@
 #include "scene/LevelFile.h"
 
 #include "scene/CISG.h"
+#include "scene/FileReplacement.h"
 
 #include <QLoggingCategory>
-#include <QSaveFile>
 #include <QTextStream>
 
 namespace {
@@ -21,19 +21,10 @@ QByteArray levelBytes(const CISG &level) {
 }
 
 bool saveBytes(const QByteArray &bytes, const QString &fileName) {
-    QSaveFile file(fileName);
-    file.setDirectWriteFallback(true);
-    bool saved = file.open(QIODevice::WriteOnly);
-    if (saved) {
-        // On a full disk commit() alone reports success over a truncated file.
-        saved = file.write(bytes) == bytes.size() && file.flush() && file.error() == QFileDevice::NoError;
-        if (!saved) {
-            file.cancelWriting();
-        }
-        saved = file.commit() && saved;
-    }
+    FileReplacement file(fileName);
+    const bool saved = file.replaceBy(bytes);
     if (!saved) {
-        qCWarning(levels).noquote() << "Cannot save" << fileName << "-" << file.errorString();
+        qCWarning(levels) << "Cannot save" << fileName << "-" << qPrintable(file.problem());
     }
     return saved;
 }

@@ -1,11 +1,12 @@
 #include "scene/LevelFile.h"
 
-#include "scene/CharSetNode.h"
-#include "scene/LevelDocument.h"
+#include "FaultyCalls.h"
 #include "tests/support/druvelkTest.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <sys/mount.h>
+#include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,14 +14,9 @@ namespace {
 
 constexpr uid_t unprivileged = 65534;
 
-/// A level of about the number of bytes.
-void fill(LevelDocument &level, int bytes) {
-    level.complete();
-    auto &player = *level.charSet->characters.front();
-    player.active = true;
-    player.placed = true;
-    player.name = QString(bytes, u'n');
-}
+/// Long enough that a kill finds a save at work.
+const QByteArray before(3'000'000, 'o');
+const QByteArray after(2'000'000, 'n');
 
 QByteArray contentOf(const QString &fileName) {
     QFile file(fileName);
@@ -32,84 +28,172 @@ bool put(const QString &fileName, const QByteArray &bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-/// Runs in a child process without the rights of root, which writes anywhere. The child's result
-/// as an exit status, -1 where it did not end by itself.
-int unprivilegedly(const std::function<int()> &action) {
+struct stat statusOf(const QString &fileName) {
+    struct stat status {};
+    stat(QFile::encodeName(fileName).constData(), &status);
+    return status;
+}
+
+QStringList filesBeside(const QString &fileName) {
+    return QFileInfo(fileName).dir().entryList(QDir::Files | QDir::Hidden);
+}
+
+/// Runs in a child process: by default without the rights of root, who writes anywhere. The
+/// child's result as an exit status, -1 where it did not end by itself.
+int inChild(const std::function<int()> &action, bool asAnother = true) {
     const pid_t child = fork();
     if (child == 0) {
-        const bool dropped = geteuid() != 0 || (setgid(unprivileged) == 0 && setuid(unprivileged) == 0);
+        const bool dropped =
+            !asAnother || geteuid() != 0 || (setgid(unprivileged) == 0 && setuid(unprivileged) == 0);
         _exit(dropped ? action() : 99);
     }
     int status = 0;
     return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+/// Saves over the file, letting each call to the system fail once; what went wrong, or nothing.
+const char *faultOfFaultySaves(const QString &file) {
+    const auto beside = filesBeside(file);
+    for (const int error : {EIO, ENOSPC}) {
+        int call = 0;
+        for (const char *failed = ""; failed != nullptr; ++call) {
+            if (!put(file, before)) {
+                return "the file cannot be prepared";
+            }
+            faultyCalls::arm(call, error);
+            const bool saved = saveBytes(after, file);
+            failed = faultyCalls::disarm();
+            const QByteArray content = contentOf(file);
+            // Closing the folder comes after all is done.
+            if (saved != (failed == nullptr) && !(saved && qstrcmp(failed, "close") == 0)) {
+                return failed == nullptr ? "a save fails without a reason" : failed;
+            }
+            if (content != after && (saved || content != before)) {
+                return "the file is neither the old nor the new one";
+            }
+            if (filesBeside(file) != beside) {
+                return "a temporary file is left";
+            }
+        }
+        if (call < 6) {
+            return "hardly any call was counted";
+        }
+    }
+    return "";
+}
+
 } // namespace
 
-/// Saving where it goes wrong. An earlier file must survive.
+/// Saving where it goes wrong. The file is the old or the new one, whole.
 class SaveTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void savingReplacesAndKeepsTheMode() {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.xml"));
-        QVERIFY(put(file, QByteArray(100'000, 'x')));
-        const auto mode = QFile::Permissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-        QVERIFY(QFile::setPermissions(file, mode));
-        LevelDocument level;
-        fill(level, 10);
-        QVERIFY(saveLevel(level, file));
-        QVERIFY(contentOf(file).startsWith("<CISG>") && contentOf(file).endsWith("</CISG>\n"));
-        QCOMPARE(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup),
-                 QFile::Permissions(QFile::ReadGroup));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    void init() {
+        folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
+        file = folder->filePath(QStringLiteral("a.xml"));
+        QVERIFY(put(file, before));
     }
 
-    void aFullDiskKeepsTheEarlierFile() {
-        const QTemporaryDir folder;
-        const QByteArray path = folder.path().toLocal8Bit();
-        if (mount("tmpfs", path.constData(), "tmpfs", 0, "size=64k") != 0) {
-            QSKIP("This needs the right to mount a small disk");
-        }
-        const QString file = folder.filePath(QStringLiteral("a.xml"));
-        const bool before = put(file, "precious");
-        LevelDocument level;
-        fill(level, 200'000);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot save .*a\\.xml")));
-        const bool saved = saveLevel(level, file);
-        const QByteArray after = contentOf(file);
-        const auto left = QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size();
-        umount(path.constData());
-        QVERIFY(before && !saved);
-        QCOMPARE(after, QByteArray("precious"));
-        QCOMPARE(left, 1);
+    void aLinkedFileIsReplacedAndKeepsModeAndOwner() {
+        const QString link = folder->filePath(QStringLiteral("link.xml"));
+        QVERIFY(QFile::link(QStringLiteral("a.xml"), link));
+        QVERIFY(QFile::setPermissions(file, QFile::Permissions(0x6040)));
+        const bool given = chown(QFile::encodeName(file).constData(), unprivileged, unprivileged) == 0;
+        QVERIFY(saveBytes(after, link));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(contentOf(file), after);
+        QCOMPARE(statusOf(file).st_mode & 07777U, 0640U);
+        QCOMPARE(statusOf(file).st_uid, given ? unprivileged : geteuid());
+        QCOMPARE(filesBeside(file).size(), 2);
     }
 
-    void aReadOnlyFolderIsNoHindranceForAFileThatIsNot() {
-        const QTemporaryDir folder;
-        const QString writable = folder.filePath(QStringLiteral("writable.xml"));
-        const QString locked = folder.filePath(QStringLiteral("locked.xml"));
-        const QString absent = folder.filePath(QStringLiteral("absent.xml"));
-        QVERIFY(put(writable, QByteArray(100'000, 'x')) && put(locked, "precious"));
-        QVERIFY(QFile::setPermissions(writable, QFile::Permissions(0x6666)));
+    void everyFailingCallIsSeen() { QCOMPARE(faultOfFaultySaves(file), ""); }
+
+    /// In a folder that cannot be written, and where another user owns the file.
+    void writesInPlaceOnlyWhereItMust() {
+        const QString locked = folder->filePath(QStringLiteral("locked.xml"));
+        const QString absent = folder->filePath(QStringLiteral("absent.xml"));
+        QVERIFY(put(locked, before));
+        QVERIFY(QFile::setPermissions(file, QFile::Permissions(0x6666)));
         QVERIFY(QFile::setPermissions(locked, QFile::Permissions(0x4444)));
-        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
-        LevelDocument level;
-        fill(level, 10);
-        const int result = unprivilegedly([&] {
-            if (put(absent, "x") || put(locked, "x")) {
-                return 2; // The folder is not read-only after all.
-            }
-            return saveLevel(level, writable) && !saveLevel(level, absent) && !saveLevel(level, locked) ? 0
-                                                                                                        : 1;
-        });
-        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
-        QCOMPARE(result, 0);
-        QVERIFY(contentOf(writable).startsWith("<CISG>") && contentOf(writable).endsWith("</CISG>\n"));
-        QCOMPARE(contentOf(locked), QByteArray("precious"));
-        QVERIFY(!QFile::exists(absent));
+        const struct stat was = statusOf(file);
+        const auto save = [&] {
+            const char *const fault = faultOfFaultySaves(file);
+            std::fputs(fault, stderr);
+            return qstrlen(fault) == 0 && !saveBytes(after, locked) ? 0 : 1;
+        };
+        QCOMPARE(inChild(save), 0);
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
+        QCOMPARE(inChild([&] { return put(absent, "x") ? 2 : save() + (saveBytes(after, absent) ? 1 : 0); }),
+                 0);
+        QCOMPARE(contentOf(file), after);
+        QCOMPARE(contentOf(locked), before);
+        QVERIFY(statusOf(file).st_ino == was.st_ino && statusOf(file).st_uid == was.st_uid);
     }
+
+    void aKilledSaveLeavesAWholeFile() {
+        for (int call = 0, result = -1; result == -1; ++call) {
+            QVERIFY(put(file, before));
+            result = inChild(
+                [&] {
+                    faultyCalls::arm(call, faultyCalls::killed);
+                    return saveBytes(after, file) ? 0 : 1;
+                },
+                false);
+            QVERIFY(result <= 0 && (result == -1 || call > 5));
+            const QByteArray content = contentOf(file);
+            QVERIFY(content == after || (result == -1 && content == before));
+        }
+        QRandomGenerator random(1);
+        for (int i = 0; i < 100; ++i) {
+            const pid_t child = fork();
+            if (child == 0) {
+                while (saveBytes(before, file) && saveBytes(after, file)) {
+                }
+                _exit(0);
+            }
+            usleep(random.bounded(20'000U));
+            QVERIFY(child > 0 && kill(child, SIGKILL) == 0 && waitpid(child, nullptr, 0) == child);
+            const QByteArray content = contentOf(file);
+            QVERIFY(content == before || content == after);
+        }
+    }
+
+    void whatAKillLeftIsTakenAwayAfterADay() {
+        const auto make = [this](const char *name, int hours) {
+            QFile made(folder->filePath(QLatin1String(name)));
+            return made.open(QIODevice::WriteOnly) && made.write("x") == 1 && made.flush() &&
+                   made.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hours),
+                                    QFileDevice::FileModificationTime);
+        };
+        QVERIFY(make(".druvelk-save-0123abcd", 25) && make(".druvelk-save-89abcdef", 23));
+        QVERIFY(make(".druvelk-save-0123abcd.xml", 25) && make("a.xml.abcdef", 25));
+        QVERIFY(saveBytes(after, file));
+        QCOMPARE(filesBeside(file), (QStringList{QStringLiteral(".druvelk-save-0123abcd.xml"),
+                                                 QStringLiteral(".druvelk-save-89abcdef"),
+                                                 QStringLiteral("a.xml"), QStringLiteral("a.xml.abcdef")}));
+    }
+
+    void aNameMayBeAsLongAsTheSystemAllows() {
+        const QString longest = folder->filePath(QString(251, u'n') + QStringLiteral(".xml"));
+        QVERIFY(saveBytes(before, longest) && saveBytes(after, longest));
+        QCOMPARE(contentOf(longest), after);
+    }
+
+    void onlyRegularFilesAreReplaced() {
+        const QString fifo = folder->filePath(QStringLiteral("fifo.xml"));
+        QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+        QVERIFY(!saveBytes(after, fifo) && !saveBytes(after, folder->path()));
+        QVERIFY(S_ISFIFO(statusOf(fifo).st_mode));
+    }
+
+    void cleanup() { QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777))); }
+
+private:
+    std::unique_ptr<QTemporaryDir> folder;
+    QString file;
 };
 
 DRUVELK_TEST_MAIN(SaveTest)

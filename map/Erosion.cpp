@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <vector>
 
 namespace {
 
@@ -79,28 +80,18 @@ void runPasses(float *heights, std::ptrdiff_t n, int passes, Before before, Afte
 
 } // namespace
 
-void erode(std::vector<float> &heights, int side, int passes) {
-    const std::ptrdiff_t n = side;
-    if (n < 1) {
-        return;
-    }
-    const auto nothing = [](std::ptrdiff_t) {};
-    runPasses(heights.data(), n, passes, nothing, nothing);
-    std::fill_n(heights.begin(), n, 0.0F);
-    std::fill_n(heights.end() - n, n, 0.0F);
-}
-
 void erode(TerrainMesh &terrain, int passes) {
     const std::ptrdiff_t n = terrain.pointsPerSide();
     if (n < 1) {
         return;
     }
-    std::vector<float> heights(terrain.vertices.size());
-    float *copy = heights.data();
+    // Eighths, which change no digit of a sum and keep that of the largest heights finite.
+    std::vector<float> eighths(terrain.vertices.size());
+    float *copy = eighths.data();
     TerrainVertex *vertices = terrain.vertices.data();
     // A pass waits for one height after the other; meanwhile the copying goes on for free.
-    const auto copyIn = [copy, vertices](std::ptrdiff_t i) { copy[i] = vertices[i].position.y; };
-    const auto copyOut = [copy, vertices](std::ptrdiff_t i) { vertices[i].position.y = copy[i]; };
+    const auto copyIn = [copy, vertices](std::ptrdiff_t i) { copy[i] = 0.125F * vertices[i].position.y; };
+    const auto copyOut = [copy, vertices](std::ptrdiff_t i) { vertices[i].position.y = 8 * copy[i]; };
     for (std::ptrdiff_t i = 0; i < std::min(2 * n, n * n); ++i) {
         copyIn(i);
     }

@@ -2,10 +2,13 @@
 #include "environment/OpenGLSetup.h"
 
 #include <QApplication>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 
 int main(int argc, char **argv) {
+    // Whoever reads the log may go at any time; the level must not go with it.
+    std::signal(SIGPIPE, SIG_IGN);
     prepareApplication();
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("org.druvelk.Editor"));

@@ -10,6 +10,9 @@ namespace {
 /// multiplying them.
 constexpr qsizetype mostCandidates = 64;
 
+/// The longest path the system opens. Looking up a longer one would take minutes.
+constexpr qsizetype longestPath = 4096;
+
 /// The entries of a directory that spell `name`: first as asked, then the others in order.
 QStringList spellings(const QString &directory, const QString &name) {
     if (name == QLatin1String("..")) {
@@ -34,7 +37,7 @@ QStringList spellings(const QString &directory, const QString &name) {
 } // namespace
 
 QString existingPath(const QString &path) {
-    if (path.isEmpty() || QFileInfo::exists(path)) {
+    if (path.isEmpty() || path.size() > longestPath || QFileInfo::exists(path)) {
         return path;
     }
     QStringList candidates{path.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString()};

@@ -1,29 +1,10 @@
-#include "scene/LevelDocument.h"
+#include "scene/LevelFile.h"
+#include "tests/support/levelBytes.h"
 
-#include <QBuffer>
 #include <QLoggingCategory>
-#include <QTextStream>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-
-namespace {
-
-bool read(LevelDocument &level, QByteArray bytes) {
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return level.read(buffer);
-}
-
-QByteArray written(const LevelDocument &level) {
-    QByteArray bytes;
-    QTextStream out(&bytes);
-    level.write(out);
-    out.flush();
-    return bytes;
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     QLoggingCategory::setFilterRules(QStringLiteral("druvelk.*=false"));
@@ -33,10 +14,10 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 /// Whatever the bytes are, what is saved of them can be read, and saves the same again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     LevelDocument level;
-    read(level, QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)));
-    const QByteArray saved = written(level);
+    readLevel(level, QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)));
+    const QByteArray saved = levelBytes(level);
     LevelDocument again;
-    if (!read(again, saved) || written(again) != saved) {
+    if (!readLevel(again, saved) || levelBytes(again) != saved) {
         std::fprintf(stderr, "not stable:\n%.2000s\n", saved.constData());
         std::abort();
     }

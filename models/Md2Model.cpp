@@ -6,6 +6,7 @@
 
 #include <GL/gl.h>
 #include <QFile>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <algorithm>
@@ -23,10 +24,13 @@ QOpenGLContextGroup *currentShareGroup() {
     return context != nullptr ? context->shareGroup() : nullptr;
 }
 
-/// The whole of an open file, or no more than a header's worth of one that is no model.
+/// The largest model that is read; what the format was made for takes a few MiB.
+constexpr qint64 mostModelBytes = qint64{64} * 1024 * 1024;
+
+/// The whole of an open file, or no more than a header's worth of one that is no model or too large.
 QByteArray readModelFile(QFile &file) {
     const bool isModel = file.peek(md2Ident.size()) == QByteArrayView(md2Ident.data(), md2Ident.size());
-    return isModel ? file.readAll() : file.read(sizeof(Md2Header));
+    return isModel && file.size() <= mostModelBytes ? file.read(file.size()) : file.read(sizeof(Md2Header));
 }
 
 /// A frame position cut down to what an index can hold.
@@ -55,8 +59,8 @@ bool Md2Model::Load(const std::string &modelPath, const std::string &newSkinPath
     skinPath = newSkinPath;
     const QString path = existingPath(QFile::decodeName(modelPath.c_str()));
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(modelsLog).noquote() << "cannot open the model" << path;
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        qCWarning(modelsLog) << "cannot open the model" << path;
         return false;
     }
     const QByteArray bytes = readModelFile(file);
@@ -66,7 +70,7 @@ bool Md2Model::Load(const std::string &modelPath, const std::string &newSkinPath
     if (!sound) {
         std::fputs("Bad header for MD2 file.\n", stdout);
         std::fflush(stdout);
-        qCWarning(modelsLog).noquote() << "cannot use the model" << path << "because" << decoder.problem;
+        qCWarning(modelsLog) << "cannot use the model" << path << "because" << decoder.problem;
         return false;
     }
     decoder.decode(*this);

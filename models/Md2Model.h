@@ -18,8 +18,8 @@ public:
 
     /// Reads a model file, found without regard to letter case, and keeps `skinPath` for LoadSkin
     /// whatever happens. Both are paths in the system's 8-bit encoding. False, with the lists as
-    /// they were, where the file cannot be opened or is damaged; a damaged one is also named by a
-    /// line on standard output, and `header` then holds the damaged file's. Needs no OpenGL.
+    /// they were, where the file cannot be opened, is larger than 64 MiB or damaged; a damaged one is also
+    /// named by a line on standard output, and `header` then holds the damaged file's. Needs no OpenGL.
     bool Load(const std::string &modelPath, const std::string &skinPath);
 
     /// Fills the skin's texture, made if there is none yet, from the image at `skinPath` (".png"

@@ -4,16 +4,30 @@
 
 #include <QDomDocument>
 #include <QFile>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QStringDecoder>
 #include <QTextStream>
+#include <algorithm>
 
 namespace {
 
 Q_LOGGING_CATEGORY(levelLog, "druvelk.level")
 
-/// One byte more than a level may have, so that a longer file is seen to be longer.
-constexpr qint64 mostBytes = qint64{16} * 1024 * 1024 + 1;
+/// All of a level, in a piece of the size the device says it has. Of one that is too long as much
+/// as shows it: the scan refuses it.
+QByteArray allOf(QIODevice &device) {
+    QByteArray bytes;
+    while (bytes.size() <= mostLevelBytes) {
+        const qint64 room = mostLevelBytes + 1 - bytes.size();
+        const QByteArray piece = device.read(std::clamp<qint64>(device.bytesAvailable(), 1, room));
+        if (piece.isEmpty()) {
+            break;
+        }
+        bytes += piece;
+    }
+    return bytes;
+}
 
 /// The bytes as UTF-8, or as Latin-1 where they are not. The reader is given text, never bytes:
 /// so it reads exactly what was scanned, whatever encoding the file claims.
@@ -34,8 +48,11 @@ std::unique_ptr<SceneNode> CISG::createNode(const QString &tag) {
 
 bool CISG::load(const QString &fileName) {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(levelLog).noquote() << "cannot open" << fileName << file.errorString();
+    // A FIFO would keep the editor waiting for its other end.
+    const bool regular = QFileInfo(fileName).isFile();
+    if (!regular || !file.open(QIODevice::ReadOnly)) {
+        qCWarning(levelLog) << "cannot open" << fileName << "-"
+                            << (regular ? qPrintable(file.errorString()) : "there is no such file");
         return false;
     }
     return read(file);
@@ -43,7 +60,7 @@ bool CISG::load(const QString &fileName) {
 
 bool CISG::read(QIODevice &device) {
     terrainPointsLeft = mostTerrainPoints;
-    const QByteArray bytes = device.read(mostBytes);
+    const QByteArray bytes = allOf(device);
     if (!levelIsSafeToParse(bytes)) {
         qCWarning(levelLog) << "the level is refused: it is too large, too deep, or declares entities";
         return false;
@@ -52,7 +69,7 @@ bool CISG::read(QIODevice &device) {
     QString error;
     int line = 0;
     if (!document.setContent(decoded(bytes), &error, &line)) {
-        qCWarning(levelLog).noquote() << "not well-formed, line" << line << error;
+        qCWarning(levelLog) << "not well-formed, line" << line << error;
         return false;
     }
     if (document.documentElement().tagName() != QLatin1String("CISG")) {

@@ -7,13 +7,29 @@
 
 namespace {
 
-constexpr qsizetype mostBytes = qsizetype{16} * 1024 * 1024;
 constexpr int mostDepth = 256;
 constexpr int mostElements = 100000;
 constexpr int mostAttributes = 64;
 /// Of the whole file. The reader keeps some 350 bytes for an attribute, 150 for the other pieces.
 constexpr int mostAttributesInAll = 500000;
 constexpr std::ptrdiff_t mostOtherPieces = 100000;
+/// Of one attribute. The writer makes references of some characters, which may not make what was
+/// read too long to be read again: so a reference counts as the character it stands for.
+constexpr std::size_t mostCharacters = 65536;
+constexpr std::size_t longestReference = 12;
+
+bool isTooLong(std::string_view value) {
+    if (value.size() <= mostCharacters) {
+        return false;
+    }
+    std::size_t characters = 0;
+    while (!value.empty()) {
+        const std::size_t end = value.front() == '&' ? value.substr(0, longestReference).find(';') : 0;
+        value.remove_prefix(end == std::string_view::npos ? 1 : end + 1);
+        ++characters;
+    }
+    return characters > mostCharacters;
+}
 
 /// Walks markup only as far as the limits need: what is a tag, and what is not.
 class Scanner {
@@ -80,7 +96,7 @@ private:
         ++elements;
         ++depth;
         const bool allowed = elements <= mostElements && depth <= mostDepth && quoted <= mostAttributes &&
-                             allAttributes <= mostAttributesInAll;
+                             allAttributes <= mostAttributesInAll && !tooLong;
         if (end < rest.size() && rest[end - 1] == '/') {
             --depth;
         }
@@ -89,10 +105,11 @@ private:
     }
 
     /// Where the ">" of the tag at the front stands, or the text ends. Counts its quoted values,
-    /// and sees whether a "[" stands outside of them.
+    /// and sees whether one is too long and whether a "[" stands outside of them.
     std::size_t endOfTag() {
         quoted = 0;
         subset = false;
+        tooLong = false;
         for (std::size_t i = 1; i < rest.size(); ++i) {
             const char c = rest[i];
             if (c == '>') {
@@ -101,7 +118,9 @@ private:
             subset = subset || c == '[';
             if (c == '"' || c == '\'') {
                 ++quoted;
-                i = rest.find(c, i + 1);
+                const std::size_t begin = i + 1;
+                i = rest.find(c, begin);
+                tooLong = tooLong || isTooLong(rest.substr(begin, i - begin));
                 if (i == std::string_view::npos) {
                     break;
                 }
@@ -127,14 +146,15 @@ private:
     int allAttributes = 0;
     std::ptrdiff_t otherPieces = 0;
     bool hasDocumentType = false;
-    int quoted = 0;      ///< Of the last tag.
-    bool subset = false; ///< Of the last tag.
+    int quoted = 0;       ///< Of the last tag.
+    bool subset = false;  ///< Of the last tag.
+    bool tooLong = false; ///< A value of the last tag.
 };
 
 } // namespace
 
 bool levelIsSafeToParse(QByteArrayView bytes) {
-    if (bytes.size() > mostBytes) {
+    if (bytes.size() > mostLevelBytes) {
         return false;
     }
     if (bytes.isEmpty()) {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -179,6 +180,9 @@ void Md2LoadTest::isSilentAboutAFileThatCannotBeOpened() {
     Md2Model model;
     QCOMPARE(outputOfLoad(model, directory_.filePath("none.md2").toStdString(), false), QByteArray());
     QCOMPARE(outputOfLoad(model, directory_.path().toStdString(), false), QByteArray());
+    const std::string fifo = directory_.filePath("fifo").toStdString();
+    QCOMPARE(mkfifo(fifo.c_str(), 0600), 0);
+    QCOMPARE(outputOfLoad(model, fifo, false), QByteArray());
     QCOMPARE(model.skinPath, std::string("new skin"));
 }
 

@@ -8,3 +8,4 @@ build_packages=(
 run_packages=(libgl1-mesa-dri qt6-qpa-plugins qt6-image-formats-plugins fonts-dejavu-core)
 test_packages=(xvfb xauth)
 lint_packages=(clang-format clang-tidy)
+fuzz_packages=(clang libclang-rt-dev)

@@ -5,7 +5,9 @@
 #include <QAccessible>
 #include <QProcess>
 #include <QTranslator>
+#include <array>
 #include <cstring>
+#include <unistd.h>
 
 namespace {
 
@@ -36,6 +38,12 @@ int exitWhile(const QByteArray &state) {
     return 7;
 }
 
+QProcessEnvironment withoutOpenGL() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
+    return environment;
+}
+
 } // namespace
 
 /// Starting, leaving, icons, languages and the keyboard.
@@ -45,9 +53,7 @@ class StartUpTest : public QObject {
 private slots:
     void withoutOpenGLALineSaysSo() {
         QProcess child;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
-        child.setProcessEnvironment(environment);
+        child.setProcessEnvironment(withoutOpenGL());
         child.start(QStringLiteral(DRUVELK_EDITOR), {});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
@@ -56,6 +62,18 @@ private slots:
         const QByteArrayList lines = child.readAllStandardError().trimmed().split('\n');
         QVERIFY2(lines.last().startsWith("druvelk-editor: ") && lines.last().contains("OpenGL"),
                  lines.last().constData());
+    }
+
+    void aLogThatNobodyReadsDoesNotEndTheEditor() {
+        std::array<int, 2> ends{};
+        QVERIFY(pipe(ends.data()) == 0 && close(ends[0]) == 0);
+        QProcess child;
+        child.setProcessEnvironment(withoutOpenGL());
+        child.setChildProcessModifier([ends] { dup2(ends[1], STDERR_FILENO); });
+        child.start(QStringLiteral(DRUVELK_EDITOR), {});
+        QVERIFY(child.waitForFinished() && close(ends[1]) == 0);
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(child.exitCode(), 1);
     }
 
     void exitEndsTheProcessAtOnce_data() {

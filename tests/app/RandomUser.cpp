@@ -1,0 +1,391 @@
+#include "RandomUser.h"
+
+#include "map/GLMapWidget.h"
+#include "map/MeshNode.h"
+#include "tests/models/StandInTree.h"
+
+#include <QColorDialog>
+#include <QMenuBar>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+#include <cmath>
+#include <set>
+
+namespace {
+
+QByteArray complaint; ///< What the toolkit or OpenGL said during the action.
+
+/// The editor's own log is no complaint: a random user opens files that are damaged.
+void hearMessage(QtMsgType type, const QMessageLogContext &context, const QString &text) {
+    if (type != QtDebugMsg && type != QtInfoMsg && !QByteArray(context.category).startsWith("druvelk.")) {
+        complaint = "the toolkit says: " + text.toLocal8Bit();
+    }
+}
+
+/// Small pictures and models under every name the controls offer.
+void makeData(const EditorDriver &editor) {
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    for (const char *box : {"TerrainTextureType", "waterTextureType", "birdTextureType"}) {
+        for (int i = 0; i < editor.find<QComboBox>(box).count(); ++i) {
+            QDir().mkpath(QStringLiteral("data/textures"));
+            picture.save(QStringLiteral("data/textures/%1.jpg").arg(editor.find<QComboBox>(box).itemText(i)));
+        }
+    }
+    const auto &skies = editor.find<QComboBox>("SkyTextureType");
+    // The last sky is missing, as one of a level from elsewhere may be.
+    for (int i = 0; i < skies.count() - 1; ++i) {
+        const QString sky = QStringLiteral("data/CubeMap/%1/mount_").arg(skies.itemText(i));
+        QDir().mkpath(QFileInfo(sky).path());
+        for (const char *face : {"negx", "posx", "negy", "posy", "negz", "posz"}) {
+            picture.save(sky + QLatin1String(face) + QStringLiteral(".jpg"));
+        }
+    }
+    StandInTree tree(QDir::current());
+    for (const char *name : {"Terminator", "Hayden", "Rat"}) {
+        tree.addCharacter(QLatin1String(name));
+        tree.addSkin(QLatin1String(name), QStringLiteral("Blue"), qRgb(0, 0, 255));
+        tree.addWeapon(QLatin1String(name), QStringLiteral("Small gun"));
+    }
+}
+
+} // namespace
+
+RandomUser::RandomUser(quint32 chosenSeed)
+    : editor([](LevelDocument &level) {
+          enlist(level, 0, 0, 17);
+          enlist(level, 1, 1, 18);
+      }),
+      seed(chosenSeed) {
+    qInstallMessageHandler(hearMessage);
+    makeData(editor);
+    EditorDriver::writeLevel(QStringLiteral("levels/whole.xml"), [](LevelDocument &level) {
+        enlist(level, 3, 2, -1);
+        enlist(level, 4, 3, -1);
+    });
+    QObject::connect(&dialogs, &QTimer::timeout, &dialogs, [this] { answerDialogs(); });
+}
+
+RandomUser::~RandomUser() {
+    qInstallMessageHandler(nullptr);
+}
+
+QByteArray RandomUser::act(int number) {
+    random.seed(seed * 1'000'003U + static_cast<quint32>(number));
+    complaint.clear();
+    dialogs.start(1);
+    doSomething();
+    closePopups();
+    dialogs.stop();
+    QCoreApplication::processEvents();
+    editor.window->mapView->makeCurrent();
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        complaint = "OpenGL error " + QByteArray::number(error);
+    }
+    editor.window->mapView->doneCurrent();
+    for (const QByteArray &fault : {complaint, faultOfLevel(), faultOfCounts(), faultOfControls()}) {
+        if (!fault.isEmpty()) {
+            return fault;
+        }
+    }
+    return {};
+}
+
+void RandomUser::doSomething() {
+    const int choice = upTo(99);
+    if (choice < 35) {
+        useMap();
+    } else if (choice < 75) {
+        useControl();
+    } else if (choice < 87) {
+        useCommand();
+    } else if (choice < 95) {
+        pressKeys();
+    } else if (choice < 98) {
+        damageAFile();
+    } else {
+        resize();
+    }
+}
+
+/// A point of the widget, or up to `beside` pixels around it.
+QPoint RandomUser::pointIn(const QWidget &widget, int beside) {
+    return {upTo(widget.width() + 2 * beside) - beside, upTo(widget.height() + 2 * beside) - beside};
+}
+
+void RandomUser::useMap() {
+    GLMapWidget &view = *editor.window->mapView;
+    ViewDriver driver(view);
+    const auto button = oneIn(5) ? Qt::RightButton : Qt::LeftButton;
+    switch (upTo(5)) {
+    case 0:
+    case 1:
+        action = "wheel over the map";
+        driver.wheel(oneIn(4) ? upTo(480) - 240 : (oneIn(2) ? 120 : -120), oneIn(5) ? 120 : 0);
+        break;
+    case 2:
+        action = "double click in the map";
+        QTest::mouseDClick(&view, button, {}, pointIn(view));
+        break;
+    default:
+        action = "drag in the map";
+        QTest::mousePress(&view, button, {}, pointIn(view));
+        for (int i = upTo(3); i > 0; --i) {
+            driver.sendMove(pointIn(view, 200));
+            if (oneIn(2)) {
+                QCoreApplication::processEvents();
+            }
+        }
+        if (!oneIn(20)) {
+            QTest::mouseRelease(&view, button, {}, pointIn(view, 200));
+        }
+    }
+}
+
+void RandomUser::useControl() {
+    QWidgetList controls;
+    for (QWidget *const widget : editor.window->findChildren<QWidget *>()) {
+        const bool isControl = qobject_cast<QAbstractButton *>(widget) != nullptr ||
+                               qobject_cast<QComboBox *>(widget) != nullptr ||
+                               qobject_cast<QAbstractSpinBox *>(widget) != nullptr ||
+                               qobject_cast<QTabBar *>(widget) != nullptr;
+        const bool exits = widget->actions().contains(editor.window->fileExitAction);
+        if (isControl && widget->isVisible() && widget->isEnabled() && !exits) {
+            controls.append(widget);
+        }
+    }
+    use(*controls.at(upTo(int(controls.size()) - 1)));
+}
+
+void RandomUser::use(QWidget &control) {
+    action = "use " + control.objectName().toUtf8() + " (" + control.metaObject()->className() + ')';
+    if (auto *const tabs = qobject_cast<QTabBar *>(&control)) {
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(upTo(tabs->count() - 1)).center());
+    } else if (qobject_cast<QAbstractSpinBox *>(&control) != nullptr) {
+        control.setFocus();
+        QTest::keyClick(&control, oneIn(2) ? Qt::Key_Up : Qt::Key_PageDown);
+        if (oneIn(3)) {
+            QTest::keyClicks(&control, QString::number(upTo(2000) - 1000));
+            QTest::keyClick(&control, Qt::Key_Tab);
+        }
+    } else if (qobject_cast<QComboBox *>(&control) != nullptr && !oneIn(4)) {
+        control.setFocus();
+        QTest::keyClick(&control, oneIn(2) ? Qt::Key_Up : Qt::Key_Down);
+    } else {
+        QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
+    }
+}
+
+void RandomUser::useCommand() {
+    QList<QAction *> commands;
+    for (QAction *const command : editor.window->findChildren<QAction *>()) {
+        const bool isOwn = !command->objectName().isEmpty() && command->menu() == nullptr;
+        if (isOwn && command != editor.window->fileExitAction && command->isEnabled()) {
+            commands.append(command);
+        }
+    }
+    QAction *const command = commands.at(upTo(int(commands.size()) - 1));
+    action = "command " + command->objectName().toUtf8();
+    command->trigger();
+}
+
+void RandomUser::pressKeys() {
+    constexpr std::array keys{Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Space,    Qt::Key_Up,
+                              Qt::Key_Down,  Qt::Key_Left,    Qt::Key_Right,    Qt::Key_Home,
+                              Qt::Key_End,   Qt::Key_PageUp,  Qt::Key_PageDown, Qt::Key_Plus,
+                              Qt::Key_Minus, Qt::Key_Escape,  Qt::Key_Return,   Qt::Key_Delete,
+                              Qt::Key_5,     Qt::Key_Z,       Qt::Key_Backspace};
+    action = "keys";
+    for (int i = upTo(4); i >= 0; --i) {
+        const Qt::Key key = keys[static_cast<std::size_t>(upTo(int(keys.size()) - 1))];
+        const Qt::KeyboardModifiers held(oneIn(4) ? Qt::ShiftModifier : Qt::NoModifier);
+        QWidget *const focus = QApplication::focusWidget();
+        QTest::keyClick(focus != nullptr ? focus : editor.window.get(), key,
+                        oneIn(4) ? held | Qt::ControlModifier : held);
+        action += ' ' + QByteArray::number(key, 16);
+    }
+}
+
+void RandomUser::resize() {
+    action = "resize";
+    editor.window->resize(300 + upTo(700), 300 + upTo(600));
+}
+
+/// Damages some bytes of a level that may then be opened.
+void RandomUser::damageAFile() {
+    action = "damage a file";
+    const QStringList names = QDir(QStringLiteral("levels")).entryList(QDir::Files);
+    QByteArray bytes =
+        EditorDriver::contentOf(QStringLiteral("levels/") + names.at(upTo(int(names.size()) - 1)));
+    for (int i = upTo(20); i > 0 && !bytes.isEmpty(); --i) {
+        bytes[random.bounded(bytes.size())] = static_cast<char>(upTo(oneIn(2) ? 255 : '9'));
+    }
+    bytes.truncate(oneIn(3) ? random.bounded(bytes.size() + 1) : bytes.size());
+    QFile file(QStringLiteral("levels/damaged.xml"));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        complaint = "the test cannot write a file";
+    }
+}
+
+/// Runs from a timer, within the event loop of the dialog.
+void RandomUser::answerDialogs() {
+    auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (dialog == nullptr || !dialog->isVisible()) {
+        return;
+    }
+    constexpr int patience = 3;
+    answers = dialog == answered ? answers + 1 : 0;
+    answered = dialog;
+    // A timer does not run within its own call: what the answer opens needs another one.
+    QTimer nested;
+    QObject::connect(&nested, &QTimer::timeout, &nested, [this, dialog] {
+        if (QApplication::activeModalWidget() != dialog) {
+            answerDialogs();
+        }
+    });
+    nested.start(1);
+    if (answers > patience || oneIn(4)) {
+        dialog->reject();
+    } else {
+        answerDialog(*dialog);
+    }
+}
+
+void RandomUser::answerDialog(QDialog &dialog) {
+    action += ", answer " + QByteArray(dialog.metaObject()->className());
+    if (dialog.windowTitle() == QLatin1String("GL error")) {
+        complaint = "a GL error was shown";
+        dialog.accept();
+    } else if (auto *const files = qobject_cast<QFileDialog *>(&dialog)) {
+        answerFileDialog(*files);
+    } else if (auto *const colors = qobject_cast<QColorDialog *>(&dialog)) {
+        colors->setCurrentColor(QColor::fromRgb(random.generate()));
+        colors->accept();
+    } else if (auto *const box = qobject_cast<QMessageBox *>(&dialog)) {
+        const auto buttons = box->buttons();
+        buttons.at(upTo(int(buttons.size()) - 1))->click();
+    } else {
+        answerForm(dialog);
+    }
+}
+
+void RandomUser::answerFileDialog(QFileDialog &dialog) {
+    const std::array<QString, 8> names{QStringLiteral("whole.xml"),
+                                       QStringLiteral("damaged.xml"),
+                                       QStringLiteral("damaged.xml"),
+                                       QStringLiteral("one"),
+                                       QStringLiteral("two.XML"),
+                                       QStringLiteral("no/such/folder"),
+                                       QString(251, u'n') + QStringLiteral(".xml"),
+                                       QStringLiteral("..")};
+    auto *const edit = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    edit->setText(names[static_cast<std::size_t>(upTo(int(names.size()) - 1))]);
+    action += ' ' + edit->text().left(20).toUtf8();
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+/// The editor's own dialogs: anything into every field, and OK.
+void RandomUser::answerForm(QDialog &dialog) {
+    for (QComboBox *const box : dialog.findChildren<QComboBox *>()) {
+        // Large maps take their time: one in eight.
+        box->setCurrentIndex(oneIn(2) ? 0 : upTo(box->count() - 1));
+    }
+    for (QLineEdit *const edit : dialog.findChildren<QLineEdit *>()) {
+        edit->setText(oneIn(2) ? QStringLiteral("a<&\"\u00e9\U0001F600\t") : QString(upTo(300), u'n'));
+    }
+    for (QCheckBox *const box : dialog.findChildren<QCheckBox *>()) {
+        box->setChecked(oneIn(2));
+    }
+    QCoreApplication::processEvents();
+    dialog.accept();
+}
+
+/// Lists and menus: something in them, or Escape.
+void RandomUser::closePopups() {
+    for (int i = 0; i < 10; ++i) {
+        QWidget *const popup = QApplication::activePopupWidget();
+        if (popup == nullptr) {
+            return;
+        }
+        if (auto *const list = popup->findChild<QAbstractItemView *>(); list != nullptr && oneIn(2)) {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, pointIn(*list->viewport()));
+        } else {
+            QTest::keyClick(popup, Qt::Key_Escape);
+        }
+    }
+    complaint = "a list does not close";
+}
+
+QByteArray RandomUser::faultOfLevel() const {
+    const LevelDocument &level = editor.level();
+    if (level.background == nullptr || level.mesh == nullptr || level.charSet == nullptr) {
+        return "a node is missing";
+    }
+    const MeshNode &mesh = *level.mesh;
+    const auto side = static_cast<std::size_t>(mesh.pointsPerSide());
+    if (mesh.vertices.size() != side * side) {
+        return "the grid is not square";
+    }
+    if (!std::all_of(mesh.vertices.begin(), mesh.vertices.end(),
+                     [](const TerrainVertex &vertex) { return std::isfinite(vertex.position.y); })) {
+        return "a height is not finite";
+    }
+    if (level.charSet->characters.size() < CharSetNode::slotCount) {
+        return "there are less than sixteen players";
+    }
+    const auto &cells = editor.window->mapView->cells->cells;
+    if (cells.size() != 400) {
+        return "there are not 400 cells";
+    }
+    for (const MapCell &cell : cells) {
+        const auto &all = level.charSet->characters;
+        if (!cell.vacant && std::none_of(all.begin(), all.end(),
+                                         [&](const auto &player) { return player.get() == cell.player; })) {
+            return "a cell holds a player of no level";
+        }
+    }
+    return {};
+}
+
+QByteArray RandomUser::faultOfCounts() const {
+    int players = 0;
+    std::set<int> teams;
+    for (std::size_t i = 0; i < CharSetNode::slotCount; ++i) {
+        const CharacterNode &player = editor.player(i);
+        if (player.active && (player.placed || editor.window->randomStart->isChecked())) {
+            ++players;
+            if (player.teamIndex >= 0 && player.teamIndex <= 3) {
+                teams.insert(player.teamIndex);
+            }
+        }
+    }
+    const bool agree = editor.window->countActivePlayers() == players &&
+                       editor.window->countActiveTeams() == int(teams.size()) &&
+                       editor.window->numPlayer->value() == players &&
+                       editor.window->numTeams->value() == int(teams.size());
+    return agree ? QByteArray() : "the counts are wrong";
+}
+
+/// Every control shows what the level holds.
+QByteArray RandomUser::faultOfControls() const {
+    const BackgroundNode &environment = editor.environment();
+    const editorMain &window = *editor.window;
+    const std::array<std::pair<const QCheckBox *, bool>, 9> boxes{
+        {{window.water, environment.water},
+         {window.Fog, environment.fog},
+         {window.waterWalking, environment.waterWalking},
+         {window.craters, environment.craters},
+         {window.bengala, environment.bengala},
+         {window.deathTouch, environment.deathTouch},
+         {window.DynamicTime, environment.dynamicTime},
+         {window.randomGeo, editor.level().mesh->randomGeography},
+         {window.activeNow, editor.player(static_cast<std::size_t>(window.CharID->currentIndex())).active}}};
+    for (const auto &[box, value] : boxes) {
+        if (box->isChecked() != value) {
+            return box->objectName().toUtf8() + " does not show the level's value";
+        }
+    }
+    const bool numbersShow = window.sunSpeed->value() == environment.sunSpeed &&
+                             window.birdsNumber->value() == environment.birdsNumber;
+    return numbersShow ? QByteArray() : "a number does not show the level's value";
+}

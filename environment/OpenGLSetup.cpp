@@ -1,8 +1,34 @@
 #include "environment/OpenGLSetup.h"
 
-#include <QCoreApplication>
+#include <GL/gl.h>
+#include <QGuiApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <cstdio>
+
+namespace {
+
+/// What the context, which is current, lacks; as missingOpenGL says it. A driver may give less than
+/// it was asked for.
+QString missingIn(const QOpenGLContext &context) {
+    int major = context.format().majorVersion();
+    int minor = context.format().minorVersion();
+    const auto *const version = reinterpret_cast<const char *>(glGetString(GL_VERSION));
+    const bool told = version != nullptr && std::sscanf(version, "%d.%d", &major, &minor) == 2;
+    if (!told || major < 2 || (major == 2 && minor < 1)) {
+        return QStringLiteral("only OpenGL %1.%2 is available, 2.1 is needed").arg(major).arg(minor);
+    }
+    GLint profile = GL_CONTEXT_COMPATIBILITY_PROFILE_BIT;
+    if (major > 3 || (major == 3 && minor >= 2)) {
+        glGetIntegerv(GL_CONTEXT_PROFILE_MASK, &profile);
+    }
+    if ((profile & GL_CONTEXT_CORE_PROFILE_BIT) != 0) {
+        return QStringLiteral("only OpenGL's core profile is available, the compatibility profile is needed");
+    }
+    return {};
+}
+
+} // namespace
 
 void prepareApplication() {
     // One name space for textures and display lists across the window and its dialogs.
@@ -22,6 +48,10 @@ QSurfaceFormat glSurfaceFormat() {
 }
 
 QString missingOpenGL() {
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        // It makes contexts, but the toolkit crashes where it puts OpenGL into a window.
+        return QStringLiteral("the platform \"offscreen\" shows no OpenGL");
+    }
     QOpenGLContext context;
     context.setFormat(glSurfaceFormat());
     if (!context.create()) {
@@ -36,8 +66,9 @@ QString missingOpenGL() {
     if (!surface.isValid() || !context.makeCurrent(&surface)) {
         return QStringLiteral("the OpenGL context cannot be made current");
     }
+    const QString missing = missingIn(context);
     context.doneCurrent();
-    return {};
+    return missing;
 }
 
 bool hasCurrentGLContext() {

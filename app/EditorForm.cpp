@@ -1,5 +1,6 @@
 #include "app/EditorForm.h"
 
+#include "app/WheelGuard.h"
 #include "map/GLMapWidget.h"
 #include "resources/Icons.h"
 
@@ -39,6 +40,9 @@ EditorForm::EditorForm(QWidget *parent, const QString &name, Qt::WindowFlags fla
     connectPlayers();
     connectOptions();
     connectControlsToEachOther();
+    guardFromWheel(*this);
+    // Else the tool bar's first button, "New", would have it.
+    TerrainColor->setFocus();
 }
 
 void EditorForm::changeEvent(QEvent *event) {
@@ -102,6 +106,9 @@ void EditorForm::buildToolBar() {
     toolBar->setObjectName(QStringLiteral("toolBar"));
     toolBar->setIconSize(QSize(22, 22));
     addToolBar(Qt::TopToolBarArea, toolBar);
+    // No menu could bring back a tool bar that was hidden.
+    toolBar->toggleViewAction()->setEnabled(false);
+    toolBar->toggleViewAction()->setVisible(false);
     toolBar->addActions({fileNewAction, fileOpenAction, fileSaveAction});
     toolBar->addSeparator();
     toolBar->addActions({Preview, Wired, centerTrack});
@@ -138,6 +145,7 @@ QList<QWidget *> EditorForm::controlsInReadingOrder() const {
     controls.append({CharID, activeNow, EditChar, Place, randomStart, numPlayer, numTeams});
     controls.append(
         {gravity, sunSpeed, birdsNumber, waterWalking, craters, bengala, deathTouch, DynamicTime});
+    controls.append(mapView);
     return controls;
 }
 

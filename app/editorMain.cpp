@@ -1,5 +1,6 @@
 #include "app/editorMain.h"
 
+#include "app/WaitCursor.h"
 #include "environment/BackgroundNode.h"
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
@@ -137,6 +138,7 @@ void editorMain::wiredPreview(bool /*on*/) {
 }
 
 void editorMain::erodeTerrain() {
+    const WaitCursor working;
     mapView->erodeTerrain();
 }
 

@@ -1,6 +1,7 @@
 // The commands of the page "Players".
 #include "app/editorMain.h"
 
+#include "app/WheelGuard.h"
 #include "map/GLMapWidget.h"
 #include "models/PlayerDialog.h"
 #include "scene/CharSetNode.h"
@@ -104,7 +105,8 @@ void editorMain::Place_clicked() {
 }
 
 void editorMain::EditPlayer() {
-    PlayerDialog dialog;
+    PlayerDialog dialog(this);
+    guardFromWheel(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }

@@ -41,6 +41,29 @@ int CellGrid::pointsPerCell() const {
     return bound ? pointsPerSide / cellsPerSide : 0;
 }
 
+int CellGrid::firstPointOf(const MapCell &cell) const {
+    return (pointsPerSide * (cell.index / cellsPerSide) + cell.index % cellsPerSide) * pointsPerCell();
+}
+
+std::optional<CellGrid::Heights> CellGrid::heightsOf(const MapCell &cell) const {
+    const int k = pointsPerCell();
+    if (k == 0) {
+        return std::nullopt;
+    }
+    const auto height = [this, first = firstPointOf(cell)](int row, int column) {
+        const int point = first + row * pointsPerSide + column;
+        return terrain->vertices[static_cast<std::size_t>(point)].position.y;
+    };
+    Heights heights{height(0, 0), height(0, 0)};
+    for (int row = 0; row < k; ++row) {
+        for (int column = 0; column < k; ++column) {
+            heights.lowest = std::min(heights.lowest, height(row, column));
+            heights.highest = std::max(heights.highest, height(row, column));
+        }
+    }
+    return heights;
+}
+
 void CellGrid::changeSelectedHeight(float steps) {
     const int k = pointsPerCell();
     if (k == 0) {
@@ -52,7 +75,7 @@ void CellGrid::changeSelectedHeight(float steps) {
             continue;
         }
         changed = steps != 0;
-        const int first = (pointsPerSide * (cell.index / cellsPerSide) + cell.index % cellsPerSide) * k;
+        const int first = firstPointOf(cell);
         for (int row = 0; row < k; ++row) {
             for (int column = 0; column < k; ++column) {
                 const int point = first + row * pointsPerSide + column;
@@ -145,6 +168,19 @@ void CellGrid::selectRect(int column1, int row1, int column2, int row2) {
             cell.selected = true;
         }
     }
+}
+
+std::pair<CellPosition, CellPosition> CellGrid::boundsOfSelection() const {
+    CellPosition first;
+    CellPosition last;
+    for (const MapCell &cell : cells) {
+        if (cell.selected) {
+            const CellPosition at{cell.index % cellsPerSide, cell.index / cellsPerSide};
+            first = first.isNone() ? at : CellPosition{std::min(first.column, at.column), first.row};
+            last = CellPosition{std::max(last.column, at.column), at.row};
+        }
+    }
+    return {first, last};
 }
 
 void CellGrid::placeInSelected(CharacterNode *player) {

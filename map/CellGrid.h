@@ -5,6 +5,7 @@
 #include <GL/gl.h>
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class TerrainMesh;
@@ -15,6 +16,8 @@ struct CellPosition {
     int row = -1;
 
     bool isNone() const { return column == -1 && row == -1; }
+    bool isOnMap() const;
+    int number() const; ///< Of the cell; meaningful on the map only.
     friend bool operator==(const CellPosition &, const CellPosition &) = default;
 };
 
@@ -67,6 +70,18 @@ public:
     /// Selects the rectangle between two cells, both included.
     void selectRect(int column1, int row1, int column2, int row2);
 
+    /// The first and the last corner of the smallest rectangle that holds the selection; none
+    /// where nothing is selected.
+    std::pair<CellPosition, CellPosition> boundsOfSelection() const;
+
+    /// The lowest and the highest point of a cell, in map units.
+    struct Heights {
+        float lowest = 0;
+        float highest = 0;
+    };
+    /// Nothing where no terrain of the grid's size is bound.
+    std::optional<Heights> heightsOf(const MapCell &cell) const;
+
     /// Puts the player into the first selected vacant cell, if there is one.
     void placeInSelected(CharacterNode *player);
 
@@ -78,4 +93,14 @@ public:
 
 private:
     int pointsPerCell() const;
+    int firstPointOf(const MapCell &cell) const;
 };
+
+inline bool CellPosition::isOnMap() const {
+    const auto inside = [](int i) { return i >= 0 && i < CellGrid::cellsPerSide; };
+    return inside(column) && inside(row);
+}
+
+inline int CellPosition::number() const {
+    return column + CellGrid::cellsPerSide * row;
+}

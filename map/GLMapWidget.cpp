@@ -2,50 +2,25 @@
 
 #include "environment/BackgroundNode.h"
 #include "environment/OpenGLSetup.h"
+#include "map/ContextOfView.h"
 #include "map/Erosion.h"
 #include "map/MeshNode.h"
 #include "scene/LevelDocument.h"
 
+#include <QFocusFrame>
 #include <QMouseEvent>
-#include <QOpenGLContext>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr int wheelUnitsPerNotch = 120;
 constexpr float zoomOutPerNotch = 1.2F;
 constexpr float zoomInPerNotch = 0.8333333F;
 constexpr float risePerPixel = 0.1F;
 constexpr float lowestEye = 1.0F;
 /// Closer than that, numbers are too small to tell the camera's axes apart or to grow again.
 constexpr float nearestZoom = 1e-20F;
-
-/// Makes a view's OpenGL context current for work outside a paint, and lets go of it again. A
-/// view that was never shown has none; the work is then skipped.
-class ContextOfView {
-public:
-    explicit ContextOfView(QOpenGLWidget &newView) : view(newView) {
-        if (view.context() != nullptr) {
-            view.makeCurrent();
-        }
-    }
-    ContextOfView(const ContextOfView &) = delete;
-    ContextOfView &operator=(const ContextOfView &) = delete;
-    ~ContextOfView() {
-        if (view.context() != nullptr) {
-            view.doneCurrent();
-        }
-    }
-
-    bool isCurrent() const {
-        return view.context() != nullptr && QOpenGLContext::currentContext() == view.context();
-    }
-
-private:
-    QOpenGLWidget &view;
-};
 
 } // namespace
 
@@ -54,15 +29,18 @@ GLMapWidget::GLMapWidget(QWidget *parent, const QString &name)
       cells(std::make_unique<CellGrid>(document->mesh)) {
     setObjectName(name);
     setFormat(glSurfaceFormat());
+    setFocusPolicy(Qt::StrongFocus);
     // Depth is read back after a frame was composed, so its buffers must outlive it.
     setUpdateBehavior(QOpenGLWidget::PartialUpdate);
     cells->resize(CellGrid::cellCount);
     trackball.init(width(), height());
     setDiagonal(viewRotation, 1);
     updateTrackBallCenter();
+    showCursor();
 }
 
 GLMapWidget::~GLMapWidget() {
+    delete focusFrame;
     const ContextOfView scope(*this);
     document.reset();
     cells.reset();
@@ -91,6 +69,9 @@ void GLMapWidget::changePreview() {
         preview = true;
         reinitPending = reinitPending || !setUpDone;
     }
+    turning = false;
+    notches.drop();
+    showCursor();
     update();
 }
 
@@ -118,6 +99,16 @@ void GLMapWidget::setRandomGeo(bool random) {
         document->mesh->setRandomGeography(random);
     }
     randomGeo = random;
+    notches.drop();
+    showCursor();
+}
+
+void GLMapWidget::showCursor() {
+    if (preview) {
+        setCursor(turning ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+    } else {
+        setCursor(randomGeo ? Qt::ForbiddenCursor : Qt::CrossCursor);
+    }
 }
 
 void GLMapWidget::buildTerrain(TerrainMesh *mesh) {
@@ -166,9 +157,19 @@ void GLMapWidget::replaceDocument(std::unique_ptr<LevelDocument> newDocument) {
     cells->forgetPlayers();
     document = std::move(newDocument);
     setUpDone = false;
+    if (scope.isCurrent()) {
+        loadTile();
+    }
     if (preview) {
         setDirty(true);
     }
+}
+
+/// Makes or refreshes the cell picture, which selects cell 0. Needs the view's current context.
+void GLMapWidget::loadTile() {
+    cells->loadTileTexture();
+    tileStale = false;
+    notches.drop();
 }
 
 void GLMapWidget::mousePressEvent(QMouseEvent *event) {
@@ -185,6 +186,8 @@ void GLMapWidget::mousePressEvent(QMouseEvent *event) {
             trackball.beginDrag(position.x(), 0, 0);
         }
         lastY = static_cast<float>(position.y());
+        turning = true;
+        showCursor();
     }
     update();
 }
@@ -198,8 +201,7 @@ void GLMapWidget::mouseMoveEvent(QMouseEvent *event) {
         }
     } else {
         const auto y = static_cast<float>(position.y());
-        eyeHeight += (lastY - y) * risePerPixel;
-        eyeHeight = std::min(std::max(eyeHeight, lowestEye), static_cast<float>(dimension));
+        raiseEye((lastY - y) * risePerPixel);
         lastY = y;
         trackball.drag(viewRotation, position.x(), 0);
     }
@@ -213,6 +215,8 @@ void GLMapWidget::mouseReleaseEvent(QMouseEvent *event) {
         anchorCell = {};
     } else {
         trackball.endDrag(event->position().toPoint().x(), 0);
+        turning = event->buttons() != Qt::NoButton;
+        showCursor();
     }
     update();
 }
@@ -223,18 +227,34 @@ void GLMapWidget::wheelEvent(QWheelEvent *event) {
         event->ignore();
         return;
     }
-    const int steps = delta / wheelUnitsPerNotch;
     if (preview) {
-        for (int i = 0; i < std::abs(steps); ++i) {
-            zoom = std::max(zoom * (steps < 0 ? zoomOutPerNotch : zoomInPerNotch), nearestZoom);
-        }
-        update();
-    } else if (!randomGeo) {
-        cells->changeSelectedHeight(static_cast<float>(steps));
-        normalsDirty = true;
-        update();
-        emit heightsChanged();
+        zoomBy(notches.take(delta));
+    } else if (const int steps = notches.take(delta); steps != 0) {
+        changeHeights(steps);
     }
+}
+
+/// Raises (steps > 0) or lowers what is selected, where the terrain's heights are stored.
+void GLMapWidget::changeHeights(int steps) {
+    if (randomGeo) {
+        return;
+    }
+    cells->changeSelectedHeight(static_cast<float>(steps));
+    normalsDirty = true;
+    update();
+    emit heightsChanged();
+}
+
+/// Brings the camera nearer (steps > 0) or moves it away.
+void GLMapWidget::zoomBy(int steps) {
+    for (int i = 0; i < std::abs(steps); ++i) {
+        zoom = std::max(zoom * (steps < 0 ? zoomOutPerNotch : zoomInPerNotch), nearestZoom);
+    }
+    update();
+}
+
+void GLMapWidget::raiseEye(float by) {
+    eyeHeight = std::min(std::max(eyeHeight + by, lowestEye), static_cast<float>(dimension));
 }
 
 /// Turns the pending point into a cell and selects the rectangle from where the drag began. True
@@ -248,8 +268,7 @@ bool GLMapWidget::pickPendingPoint() {
     if (anchorCell.isNone()) {
         anchorCell = *hit;
     }
-    cells->clearSelection();
-    cells->selectRect(anchorCell.column, anchorCell.row, hit->column, hit->row);
+    select(anchorCell, *hit);
     pendingPoint = {};
     return true;
 }

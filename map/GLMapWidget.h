@@ -2,16 +2,20 @@
 
 #include "map/CellGrid.h"
 #include "map/Picking.h"
+#include "map/WheelNotches.h"
 #include "map/math/Matrix4.h"
 #include "map/math/Trackball.h"
 
 #include <QOpenGLWidget>
 #include <QPoint>
+#include <QPointer>
+#include <QRect>
 #include <array>
 #include <memory>
 
 class CharacterNode;
 class LevelDocument;
+class QFocusFrame;
 class TerrainMesh;
 
 /// The map view: owns the level being edited and shows it as an overview of 20 × 20 cells, where
@@ -86,6 +90,10 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     /// The size that stands in where there is no terrain.
@@ -110,7 +118,32 @@ private:
     bool pickPendingPoint();
     void pickBeforeItIsReplaced();
     void recenter(const QPoint &position);
+    void loadTile();
+    void showCursor();
+
+    void changeHeights(int steps);
+    void zoomBy(int steps);
+    void raiseEye(float by);
+
+    bool cellKey(int key, bool extend);
+    bool cameraKey(int key);
+    void select(CellPosition anchor, CellPosition corner);
+    void moveSelection(CellPosition step, bool extend);
+
+    /// Text about the part of the view that it belongs to; empty where there is nothing to tell.
+    struct Hint {
+        QString text;
+        QRect place;
+    };
+    Hint hintAt(const QPoint &position);
+    QRect placeOf(CellPosition cell) const;
 
     bool setUpDone = false; ///< The three-dimensional set-up ran for this context and document.
     qreal paintedRatio = 0; ///< Device pixels per logical pixel at the last paint.
+    bool tileStale = true;  ///< The tile must be read before the next overview paint.
+    bool turning = false;   ///< A mouse button is held in the preview.
+    WheelNotches notches;
+    CellPosition selectionAnchor; ///< With the corner: what the user selected last, by mouse or key.
+    CellPosition selectionCorner;
+    QPointer<QFocusFrame> focusFrame; ///< A sibling, once the view had the focus.
 };

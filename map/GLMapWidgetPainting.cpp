@@ -22,10 +22,11 @@ void GLMapWidget::initializeGL() {
     setUpDone = false;
     overviewStale = true;
     previewStale = true;
+    tileStale = true;
     if (preview) {
         reinitPending = true;
     } else {
-        cells->loadTileTexture();
+        loadTile();
     }
 }
 
@@ -34,9 +35,6 @@ void GLMapWidget::resizeGL(int width, int height) {
     viewHeight = height;
     overviewStale = true;
     previewStale = true;
-    if (!preview) {
-        cells->loadTileTexture();
-    }
     trackball.resize(width, height);
 }
 
@@ -105,6 +103,9 @@ void GLMapWidget::setOverviewProjection() {
 }
 
 void GLMapWidget::paintOverview() {
+    if (tileStale) {
+        loadTile();
+    }
     if (overviewStale) {
         setOverviewProjection();
     }

@@ -69,11 +69,22 @@ Quaternion Trackball::rotationBetween(int x1, int y1, int x2, int y2) const {
 
 void Trackball::drag(Matrix4 &out, int x, int y) {
     moved = x != lastX || y != lastY;
-    if (moved && viewWidth > 0 && viewHeight > 0) {
-        lastIncrement = rotationBetween(lastX, lastY, x, y);
-        compose(lastIncrement, accumulated, accumulated);
+    if (moved) {
+        turnBy(lastX, lastY, x, y);
     }
     lastX = x;
     lastY = y;
     toMatrix(accumulated, out);
+}
+
+void Trackball::turn(Matrix4 &out, int x1, int x2) {
+    turnBy(x1, 0, x2, 0);
+    toMatrix(accumulated, out);
+}
+
+void Trackball::turnBy(int x1, int y1, int x2, int y2) {
+    if (viewWidth > 0 && viewHeight > 0) {
+        lastIncrement = rotationBetween(x1, y1, x2, y2);
+        compose(lastIncrement, accumulated, accumulated);
+    }
 }

@@ -22,9 +22,14 @@ public:
     /// Turns by the way from the previous position to (x, y); out = the accumulated rotation.
     void drag(Matrix4 &out, int x, int y);
 
+    /// Turns as a drag between two positions on the view's upper edge does, beside a drag that may
+    /// be under way; out = the accumulated rotation.
+    void turn(Matrix4 &out, int x1, int x2);
+
     const Quaternion &rotation() const { return accumulated; }
 
 private:
+    void turnBy(int x1, int y1, int x2, int y2);
     Quaternion rotationBetween(int x1, int y1, int x2, int y2) const;
 
     int viewWidth = 0;

@@ -179,7 +179,9 @@ private slots:
                              .isEmpty());
             }
             QCOMPARE(reached, pages[page]);
-            // After the last, the tool bar, which is where the window begins.
+            // After the last, the map, and then the tool bar, which is where the window begins.
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QVERIFY(editor.window->mapView->hasFocus());
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             QCOMPARE(QApplication::focusWidget(),
                      editor.window->toolBar->widgetForAction(editor.window->fileNewAction));

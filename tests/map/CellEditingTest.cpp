@@ -68,14 +68,6 @@ private slots:
         QVERIFY(close(cell.color, {0.95F, 0.475F, 0.475F}));
     }
 
-    void aRedAtTheWaterLimitIsNotLowered() {
-        MapCell cell;
-        cell.setColor(0.965F, 0.2F, 0.3F);
-        QVERIFY(!cell.stepLevel(false));
-        QVERIFY(!cell.water);
-        QCOMPARE(cell.color, (Colour{0.965F, 0.2F, 0.3F}));
-    }
-
     void movesTheBlocksOfSelectedCells_data() {
         QTest::addColumn<int>("dimension");
         QTest::addColumn<int>("density");
@@ -174,60 +166,6 @@ private slots:
             bound.grid.recolourFromHeights();
             QVERIFY(std::fabs(bound.cell(sample.cell).color[0] - (0.95F - 0.5F * sample.weight)) < 1e-5F);
         }
-    }
-
-    void unusableTerrainsAreLeftAlone_data() {
-        QTest::addColumn<int>("dimension");
-        QTest::addColumn<int>("density");
-        QTest::newRow("empty") << 0 << 0;
-        QTest::newRow("too large") << 2147483647 << 2147483647;
-        QTest::newRow("negative") << -40 << 2;
-        QTest::newRow("fewer points than cells") << 19 << 1;
-    }
-
-    void unusableTerrainsAreLeftAlone() {
-        QFETCH(const int, dimension);
-        QFETCH(const int, density);
-        Bound bound(dimension, density, [](int, int) { return 3.0F; });
-        bound.cell(0).selected = true;
-        for (int i = 0; i < 2; ++i) {
-            bound.grid.changeSelectedHeight(1);
-            bound.grid.recolourFromHeights();
-            QCOMPARE(bound.cell(0).color, MapCell().color);
-            bound.grid.setTerrain(nullptr);
-        }
-        QVERIFY(bound.mesh.vertices.empty() || bound.height(0) == 3.0F);
-    }
-
-    void cellsOfOnePointAndOfOddSize() {
-        Bound ones(1, 20, [](int row, int column) { return row == 19 && column == 19 ? 10.0F : 0.0F; });
-        ones.grid.recolourFromHeights();
-        QVERIFY(close(ones.cell(399).color, {0.45F, 0.225F, 0.225F}));
-        QVERIFY(close(ones.cell(398).color, {0.95F, 0.475F, 0.475F}));
-        Bound odd(7, 7, [](int row, int column) { return row == 3 && column == 3 ? 10.0F : 0.0F; });
-        odd.grid.recolourFromHeights();
-        QVERIFY(std::fabs(odd.cell(21).color[0] - 0.65F) < 1e-5F);
-    }
-
-    void playersStandOnCells() {
-        Bound bound(40, 2);
-        CharacterNode player;
-        for (const int nowhere : {-2, -1, 400, 2147483647, -2147483647 - 1}) {
-            player.cell = nowhere;
-            bound.grid.placeAtCell(&player);
-            QVERIFY(!player.placed);
-        }
-        player.cell = 399;
-        bound.grid.placeAtCell(&player);
-        QVERIFY(player.placed && !bound.cell(399).vacant && bound.cell(399).player == &player);
-        bound.grid.placeInSelected(&player);
-        QCOMPARE(player.cell, 399);
-        bound.grid.selectRect(2, 3, 1, 2);
-        bound.cell(41).vacant = false;
-        bound.grid.placeInSelected(&player);
-        QCOMPARE(player.cell, 42);
-        bound.grid.forgetPlayers();
-        QVERIFY(bound.cell(42).vacant && bound.cell(42).player == nullptr && player.placed);
     }
 };
 

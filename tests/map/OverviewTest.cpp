@@ -14,16 +14,6 @@ private slots:
         QDir::setCurrent(scratch->path());
     }
 
-    void aNewViewHasItsDefaults() {
-        const GLMapWidget view(nullptr, QStringLiteral("mapView"));
-        QCOMPARE(view.objectName(), QStringLiteral("mapView"));
-        QCOMPARE(view.dimension * view.accuracy, view.pointsPerSide);
-        QCOMPARE(view.eyeHeight, 20.0F);
-        QCOMPARE(view.zoom, 1.0F);
-        QVERIFY(view.center.x == 30 && view.center.y == 6 && view.center.z == 30);
-        QVERIFY(!view.preview && view.anchorCell.isNone() && view.cells->cells.size() == 400);
-    }
-
     void commandsOnAViewWithoutALevelDoNothing() {
         GLMapWidget view;
         view.changeWired();
@@ -85,21 +75,6 @@ private slots:
         }
     }
 
-    void theProjectionKeepsTheSquareWhole() {
-        GLMapWidget view;
-        ViewDriver driver(view);
-        QVERIFY(driver.show(800, 400));
-        QCOMPARE(view.cells->projection[0], 0.5);
-        QCOMPARE(view.cells->projection[5], 1.0);
-        view.resize(400, 800);
-        driver.paint();
-        QCOMPARE(view.cells->projection[0], 1.0);
-        QCOMPARE(view.cells->projection[5], 0.5);
-        const auto ratio = view.devicePixelRatioF();
-        QCOMPARE(view.cells->viewport[2], qRound(400 * ratio));
-        QCOMPARE(view.cells->viewport[3], qRound(800 * ratio));
-    }
-
     void aDragSelectsTheRectangleBetweenItsEnds() {
         GLMapWidget view;
         ViewDriver driver(view);
@@ -143,27 +118,6 @@ private slots:
         QCOMPARE(driver.height(32, 32), -0.6666667F);
         driver.drag(driver.cellAt(15, 15), driver.cellAt(15, 15));
         QVERIFY(shows(driver.pixel(driver.cellAt(8, 8)), 0.05F, 0.05F, 0.75F));
-    }
-
-    void oddWheelEventsFollowTheirRules() {
-        GLMapWidget view;
-        ViewDriver driver(view);
-        QVERIFY(driver.show(400, 400));
-        driver.drag(driver.cellAt(3, 3), driver.cellAt(3, 3));
-        QVERIFY(!driver.wheel(0, 120));
-        QVERIFY(!view.normalsDirty);
-        QVERIFY(driver.wheel(240));
-        QCOMPARE(driver.height(12, 12), 2 * 0.6666667F);
-        QVERIFY(std::abs(driver.cell(3, 3).color[0] - 0.9F) < 1e-6F);
-        // Less than a notch lowers the colour and leaves the heights.
-        QVERIFY(driver.wheel(40));
-        QCOMPARE(driver.height(12, 12), 2 * 0.6666667F);
-        QVERIFY(std::abs(driver.cell(3, 3).color[0] - 0.95F) < 1e-6F);
-        view.normalsDirty = false;
-        view.setRandomGeo(true);
-        driver.wheel(120);
-        QCOMPARE(driver.height(12, 12), 2 * 0.6666667F);
-        QVERIFY(!view.normalsDirty && view.document->mesh->randomGeography);
     }
 
     void playersStandWhereTheyWerePlaced() {

@@ -1,8 +1,17 @@
 #include "app/LevelFileDialog.h"
 
+#include "scene/SaveTarget.h"
+
 #include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QEvent>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolTip>
+#include <QTreeView>
 
 namespace {
 
@@ -15,27 +24,111 @@ public:
         setOption(DontUseNativeDialog);
         setAcceptMode(mode);
         setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
+        field = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        table = findChild<QTreeView *>(QStringLiteral("treeView"));
+        showWholeColumns();
+        // After the toolkit's own slot, which does not know that names are completed or explained.
+        connect(field, &QLineEdit::textChanged, this, &LevelFileDialog::updateButton);
+        connect(field, &QLineEdit::textEdited, this, [this] { complaint.clear(); });
     }
+    LevelFileDialog(const LevelFileDialog &) = delete;
+    LevelFileDialog &operator=(const LevelFileDialog &) = delete;
+
+    // The toolkit keeps the header's state for the file dialogs of every program.
+    ~LevelFileDialog() override { table->header()->setSectionResizeMode(QHeaderView::Interactive); }
 
     QString ask() { return exec() == Accepted ? selectedFiles().value(0) : QString(); }
 
+    /// Puts a file into the field: by its name where it lies in the folder that is shown.
+    void propose(const QString &fileName) {
+        const QFileInfo file(fileName);
+        const bool here = file.absoluteDir() == directory();
+        field->setText(here ? file.fileName() : file.absoluteFilePath());
+        field->selectAll();
+    }
+
+    /// Says why the name in the field does not do, now or as soon as the dialog shows.
+    void complain(const QString &why) {
+        complaint = why;
+        field->setFocus();
+        field->selectAll();
+        showComplaint();
+    }
+
 protected:
     void accept() override {
-        auto *const typed = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        if (acceptMode() == AcceptSave && typed != nullptr && namesFile(typed->text())) {
-            // The toolkit takes quotes for marks around several names.
-            typed->setText(withLevelSuffix(typed->text().remove(u'"')));
+        if (field->text().isEmpty()) {
+            QFileDialog::accept();
+            return;
+        }
+        // The toolkit takes quotes for marks around several names, and prefers what is selected in
+        // its list to what is typed.
+        table->selectionModel()->clearSelection();
+        field->setText(field->text().remove(u'"'));
+        if (acceptMode() == AcceptOpen) {
+            completeName();
+        } else if (!namesFolderToGoInto()) {
+            if (!field->text().endsWith(u'/')) {
+                field->setText(withLevelSuffix(field->text()));
+            }
+            if (const QString why = whyNotWritable(selectedFiles().value(0)); !why.isEmpty()) {
+                complain(why);
+                return;
+            }
         }
         QFileDialog::accept();
     }
 
-private:
-    /// Nothing typed, and folders to go into, are left to the toolkit.
-    bool namesFile(const QString &text) const {
-        const bool fromHome = text == QLatin1String("~") || text.startsWith(QLatin1String("~/"));
-        const QString path = fromHome ? QDir::homePath() + text.mid(1) : text;
-        return !text.isEmpty() && !text.endsWith(u'/') && !QFileInfo(directory(), path).isDir();
+    void changeEvent(QEvent *event) override {
+        QFileDialog::changeEvent(event);
+        if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+            // Becoming active hides tool tips.
+            QTimer::singleShot(0, this, &LevelFileDialog::showComplaint);
+        }
     }
+
+private:
+    void showWholeColumns() {
+        constexpr int charactersPerRow = 110;
+        resize(size().expandedTo({fontMetrics().averageCharWidth() * charactersPerRow, 0}));
+        table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+
+    /// A folder is entered, except where its name would be a level's.
+    bool namesFolderToGoInto() const {
+        const bool levelName = field->text() == withLevelSuffix(field->text());
+        return !levelName && QFileInfo(selectedFiles().value(0)).isDir();
+    }
+
+    bool needsSuffix() const {
+        const QString file = selectedFiles().value(0);
+        return !QFileInfo::exists(file) && QFileInfo(withLevelSuffix(file)).isFile();
+    }
+
+    void completeName() {
+        if (needsSuffix()) {
+            field->setText(withLevelSuffix(field->text()));
+        }
+    }
+
+    void updateButton() {
+        const bool usable = acceptMode() == AcceptSave ? !field->text().isEmpty() : needsSuffix();
+        if (auto *const buttons = findChild<QDialogButtonBox *>(); usable && buttons != nullptr) {
+            buttons->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open)
+                ->setEnabled(true);
+        }
+    }
+
+    void showComplaint() {
+        if (!complaint.isEmpty() && isVisible()) {
+            QToolTip::showText(field->mapToGlobal(QPoint(0, 0)), complaint, field);
+        }
+    }
+
+    QLineEdit *field = nullptr;
+    QTreeView *table = nullptr;
+    QString complaint; ///< About the text in the field.
 };
 
 } // namespace
@@ -49,6 +142,13 @@ QString askForLevelToOpen(QWidget *parent) {
     return LevelFileDialog(parent, QFileDialog::AcceptOpen).ask();
 }
 
-QString askForLevelToSave(QWidget *parent) {
-    return LevelFileDialog(parent, QFileDialog::AcceptSave).ask();
+QString askForLevelToSave(QWidget *parent, const QString &proposal, const QString &complaint) {
+    LevelFileDialog dialog(parent, QFileDialog::AcceptSave);
+    if (!proposal.isEmpty()) {
+        dialog.propose(proposal);
+    }
+    if (!complaint.isEmpty()) {
+        dialog.complain(complaint);
+    }
+    return dialog.ask();
 }

@@ -78,6 +78,7 @@ private:
 
     void makeMap(int dimension, int accuracy);
     void openLevel(const QString &fileName);
+    void warnOfTeams();
 
     /// Shows a size in the two labels; a number that has no name leaves its label.
     void showDimension(int dimension);
@@ -89,6 +90,8 @@ private:
     void readBackTextures();
     void readBackStartPositions();
     void showColors();
+
+    QString lastLevel; ///< The file opened or saved last; empty after the start.
 
     int shownDimension = 0; ///< What the two labels name, for a change of language.
     int shownAccuracy = 0;

@@ -3,6 +3,8 @@
 
 #include "app/InitDialog.h"
 #include "app/LevelFileDialog.h"
+#include "app/WaitCursor.h"
+#include "app/WheelGuard.h"
 #include "environment/BackgroundNode.h"
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
@@ -12,14 +14,17 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QMessageBox>
+#include <QWindow>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 
 void editorMain::fileNew() {
-    InitDialog dialog;
+    InitDialog dialog(this);
+    guardFromWheel(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -31,6 +36,7 @@ void editorMain::fileNew() {
 }
 
 void editorMain::makeMap(int dimension, int accuracy) {
+    const WaitCursor working;
     mapView->dimension = dimension;
     mapView->accuracy = accuracy;
     showAccuracy(accuracy);
@@ -69,6 +75,9 @@ void editorMain::fileOpen() {
 }
 
 void editorMain::openLevel(const QString &fileName) {
+    const WaitCursor working;
+    // The start level is no level to save again.
+    lastLevel = QFileInfo(fileName).fileName() == QLatin1String("default") ? QString() : fileName;
     mapView->resetCell();
     mapView->replaceDocument(std::make_unique<LevelDocument>());
     level().load(fileName);
@@ -93,14 +102,33 @@ void editorMain::openLevel(const QString &fileName) {
 
 void editorMain::fileSave() {
     if (countActiveTeams() < 2) {
-        QMessageBox::warning(nullptr, tr("Cannot Save File"),
-                             tr("You have to choose at least 2 teams and 2 players"));
+        warnOfTeams();
         return;
     }
-    const QString fileName = askForLevelToSave(this);
-    if (!fileName.isEmpty()) {
-        saveLevel(level(), withLevelSuffix(fileName));
-    }
+    QString fileName = lastLevel;
+    QString complaint;
+    do {
+        fileName = askForLevelToSave(this, fileName, complaint);
+        if (fileName.isEmpty()) {
+            return;
+        }
+        fileName = withLevelSuffix(fileName);
+        complaint = tr("The level could not be written. Perhaps the disk is full.");
+    } while (!saveLevel(level(), fileName));
+    lastLevel = fileName;
+}
+
+void editorMain::warnOfTeams() {
+    QMessageBox box(QMessageBox::Warning, tr("Cannot Save File"),
+                    tr("You have to choose at least 2 teams and 2 players"), QMessageBox::Ok);
+    // Without a parent it has neither the program's icon nor a place over the window.
+    box.setWindowIcon(windowIcon());
+    QRect place(QPoint(), box.sizeHint());
+    place.moveCenter(frameGeometry().center());
+    box.move(place.topLeft());
+    box.winId();
+    box.windowHandle()->setTransientParent(windowHandle());
+    box.exec();
 }
 
 void editorMain::fileExit() {

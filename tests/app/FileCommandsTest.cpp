@@ -27,7 +27,7 @@ class FileCommandsTest : public QObject {
     }
 
 private slots:
-    void newMapsComeInSixSizes_data() {
+    void newMapsComeInTheirSizes_data() {
         QTest::addColumn<QString>("dimension");
         QTest::addColumn<QString>("accuracy");
         QTest::addColumn<int>("points");
@@ -36,14 +36,11 @@ private slots:
                 << QString::fromLatin1(dimension) << QString::fromLatin1(accuracy) << points;
         };
         row("Small", "Low", 80);
-        row("Small", "High", 160);
-        row("Medium", "Low", 120);
         row("Medium", "High", 240);
-        row("Large", "Low", 160);
         row("Large", "High", 320);
     }
 
-    void newMapsComeInSixSizes() {
+    void newMapsComeInTheirSizes() {
         QFETCH(QString, dimension);
         QFETCH(QString, accuracy);
         QFETCH(int, points);

@@ -90,29 +90,6 @@ private slots:
         editor.click("Fog");
         QVERIFY(editor.environment().fog && editor.window->mapView->reinitPending);
     }
-
-    void randomGeographyLocksTheHeights() {
-        const EditorDriver editor;
-        ViewDriver map = editor.map();
-        editor.selectCell(3, 3);
-        editor.click("randomGeo");
-        QVERIFY(editor.level().mesh->randomGeography);
-        map.wheel(120);
-        QCOMPARE(map.height(12, 12), 0.0F);
-        editor.click("randomGeo");
-        map.wheel(120);
-        QCOMPARE(map.height(12, 12), 0.6666667F);
-    }
-
-    void erosionSmoothsWhatTheWheelRaised() {
-        const EditorDriver editor;
-        ViewDriver map = editor.map();
-        editor.selectCell(3, 3);
-        map.wheel(480);
-        QCOMPARE(map.height(12, 11), 0.0F);
-        editor.click("SmoothTerrain");
-        QVERIFY(map.height(12, 11) > 0 && map.height(12, 12) < 4 * 0.6666667F);
-    }
 };
 
 DRUVELK_TEST_MAIN(GeographyPageTest)

@@ -1,0 +1,340 @@
+#include "EditorDriver.h"
+
+#include "app/InitDialog.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QWindow>
+#include <optional>
+#include <sys/mount.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr float notch = 0.6666667F;
+
+void twoTeams(LevelDocument &level) {
+    enlist(level, 0, 0, 17);
+    enlist(level, 1, 1, 18);
+}
+
+/// The tool tip that resting on a place of the map shows.
+QString hintAt(const EditorDriver &editor, QPoint position) {
+    GLMapWidget &view = *editor.window->mapView;
+    QToolTip::hideText();
+    QHelpEvent rest(QEvent::ToolTip, position, view.mapToGlobal(position));
+    QApplication::sendEvent(&view, &rest);
+    return rest.isAccepted() ? QToolTip::text() : QString();
+}
+
+/// Turns the wheel over a control as the window system does, which may give the control the focus.
+void wheelOver(const QWidget &control, int units) {
+    const QPoint middle = control.mapTo(control.window(), control.rect().center());
+    QWheelEvent event(middle, control.window()->mapToGlobal(middle), {}, {0, units}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(control.window()->windowHandle(), &event);
+}
+
+/// What a file dialog says about the name in its field, if the name stands there selected.
+QString complaintOf(const QFileDialog &dialog) {
+    const auto *const field = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    const bool said = QTest::qWaitFor([] { return QToolTip::isVisible(); }, 1000);
+    const bool selected = !field->text().isEmpty() && field->selectedText() == field->text();
+    return dialog.isVisible() && said && selected ? QToolTip::text() : QString();
+}
+
+} // namespace
+
+/// How the editor lies in the hand: wheel, keys, pointer, and names that cannot be saved under.
+class HandTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void partsOfANotchAddUp() {
+        const EditorDriver editor;
+        ViewDriver map = editor.map();
+        const auto wheel = [&](int times, int units) {
+            for (int i = 0; i < times; ++i) {
+                map.wheel(units);
+            }
+        };
+        editor.selectCell(3, 3);
+        QVERIFY(!map.wheel(0, 120));
+        wheel(7, -15);
+        QVERIFY(!map.cell(3, 3).water && map.height(12, 12) == 0);
+        // The other direction drops what was gathered, and so does another selection.
+        wheel(7, 15);
+        editor.selectCell(4, 4);
+        wheel(7, 15);
+        QVERIFY(map.height(12, 12) == 0 && map.height(16, 16) == 0);
+        wheel(9, 15);
+        QCOMPARE(map.height(16, 16), 2 * notch);
+        QVERIFY(std::abs(map.cell(4, 4).color[0] - 0.85F) < 1e-5F);
+        // An event of several notches moves the colour once.
+        map.wheel(300);
+        QCOMPARE(map.height(16, 16), 4 * notch);
+        QVERIFY(std::abs(map.cell(4, 4).color[0] - 0.8F) < 1e-5F);
+        editor.clickTool("Preview");
+        GLMapWidget &view = *editor.window->mapView;
+        wheel(7, 15);
+        QCOMPARE(view.zoom, 1.0F);
+        wheel(9, 15);
+        QCOMPARE(view.zoom, 0.8333333F * 0.8333333F);
+        wheel(8, -15);
+        QVERIFY(std::abs(view.zoom - 0.8333333F) < 1e-5F);
+    }
+
+    void theWheelTurnsOnlyControlsThatHaveTheFocus() {
+        const EditorDriver editor(twoTeams);
+        editor.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(editor.window.get()));
+        QTabWidget &tabs = *editor.window->MainTab;
+        QWidget &map = *editor.window->mapView;
+        const QByteArray before = levelBytes(editor.level());
+        for (int page = 0; page < tabs.count(); ++page) {
+            tabs.setCurrentIndex(page);
+            map.setFocus();
+            for (const auto *const box : tabs.currentWidget()->findChildren<QComboBox *>()) {
+                const int index = box->currentIndex();
+                wheelOver(*box, 120);
+                wheelOver(*box, -120);
+                wheelOver(*box, -120);
+                QVERIFY2(box->currentIndex() == index && map.hasFocus(), qPrintable(box->objectName()));
+            }
+            for (const auto *const box : tabs.currentWidget()->findChildren<QSpinBox *>()) {
+                wheelOver(*box, 120);
+                QVERIFY2(map.hasFocus(), qPrintable(box->objectName()));
+            }
+            wheelOver(*tabs.tabBar(), page == 0 ? -120 : 120);
+            QCOMPARE(tabs.currentIndex(), page);
+        }
+        QCOMPARE(levelBytes(editor.level()), before);
+        editor.turnTo(*editor.window->sunSpeed);
+        editor.window->sunSpeed->setFocus();
+        wheelOver(*editor.window->sunSpeed, -120);
+        QCOMPARE(editor.environment().sunSpeed, 14);
+        QVERIFY(EditorDriver::answer<InitDialog>([&] { editor.clickTool("fileNewAction"); },
+                                                 [&](InitDialog &form) {
+                                                     QVERIFY(editor.window->frameGeometry().contains(
+                                                         form.frameGeometry().center()));
+                                                     form.mapScale->setFocus();
+                                                     wheelOver(*form.mapDimension, -120);
+                                                     QCOMPARE(form.mapDimension->currentIndex(), 0);
+                                                 }));
+    }
+
+    void keysShapeTheOverview() {
+        const EditorDriver editor;
+        GLMapWidget &view = *editor.window->mapView;
+        ViewDriver map = editor.map();
+        QVERIFY(editor.window->tab->isAncestorOf(editor.window->focusWidget()));
+        const auto press = [&view](std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers with = {}) {
+            for (const Qt::Key key : keys) {
+                QTest::keyClick(&view, key, with);
+            }
+        };
+        // The cell that is selected at the start, at the map's corner.
+        press({Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up});
+        QCOMPARE(map.selectedCells(), std::vector<int>{21});
+        editor.selectCell(18, 5);
+        press({Qt::Key_Left, Qt::Key_Left, Qt::Key_Down}, Qt::ShiftModifier);
+        QCOMPARE(map.selectedCells(), (std::vector<int>{98, 99, 118, 119}));
+        press({Qt::Key_Right, Qt::Key_Right}, Qt::ShiftModifier);
+        QCOMPARE(map.selectedCells(), (std::vector<int>{97, 98, 117, 118}));
+        press({Qt::Key_Right});
+        QCOMPARE(map.selectedCells(), (std::vector<int>{96, 97, 116, 117}));
+        press({Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_PageDown});
+        QCOMPARE(map.height(16, 64), notch);
+        QCOMPARE(map.height(23, 71), notch);
+        QCOMPARE(map.height(24, 64), 0.0F);
+        editor.click("randomGeo");
+        QVERIFY(editor.level().mesh->randomGeography);
+        press({Qt::Key_PageUp});
+        map.wheel(120);
+        QCOMPARE(map.height(16, 64), notch);
+        editor.click("SmoothTerrain");
+        QVERIFY(map.height(15, 64) > 0 && map.height(16, 64) < notch);
+    }
+
+    void keysMoveTheCamera() {
+        const EditorDriver editor;
+        GLMapWidget &view = *editor.window->mapView;
+        editor.clickTool("Preview");
+        const auto turn = view.viewRotation.m;
+        QTest::keyClick(&view, Qt::Key_Right);
+        // As a drag to the right: the side that is near comes along, by some degrees.
+        QVERIFY(std::abs(std::abs(std::asin(view.viewRotation[2])) - 0.087F) < 0.03F);
+        const auto byKey = view.viewRotation.m;
+        QTest::keyClick(&view, Qt::Key_Left);
+        QVERIFY(std::abs(view.viewRotation[2] - turn[2]) < 1e-6F);
+        QTest::mousePress(&view, Qt::LeftButton, {}, {100, 100});
+        editor.map().sendMove({120, 100});
+        QVERIFY((view.viewRotation[2] > 0) == (byKey[2] > 0));
+        QTest::keyClick(&view, Qt::Key_Up);
+        QCOMPARE(view.eyeHeight, 21.0F);
+        for (int i = 0; i < 30; ++i) {
+            QTest::keyClick(&view, Qt::Key_Down);
+        }
+        QCOMPARE(view.eyeHeight, 1.0F);
+        QTest::keyClick(&view, Qt::Key_PageDown);
+        QCOMPARE(view.zoom, 1.2F);
+        QTest::keyClick(&view, Qt::Key_PageUp);
+        QVERIFY(std::abs(view.zoom - 1) < 1e-5F);
+        view.center = {1, 2, 3};
+        QTest::keyClick(&view, Qt::Key_Home);
+        QVERIFY(view.center.x == 30 && view.center.y == 6 && view.center.z == 30);
+    }
+
+    void restingOnTheMapTellsWhatIsThere() {
+        const EditorDriver editor([](LevelDocument &level) {
+            level.background->water = false;
+            enlist(level, 0, 2, 21);
+            level.charSet->characters[0]->name = QStringLiteral("<b>Zoë</b>");
+            enlist(level, 1, 0, 22);
+            level.charSet->characters[1]->name = QString(300, u'n');
+        });
+        ViewDriver map = editor.map();
+        QVERIFY(map.paint());
+        editor.selectCell(1, 1);
+        map.wheel(120);
+        QCOMPARE(hintAt(editor, map.cellAt(1, 1)),
+                 QStringLiteral("Cell 21\nLowest point: 0.67\nHighest point: 0.67\nLake: no\nPlayer: "
+                                "<b>Zoë</b> (Red)"));
+        QVERIFY(!Qt::mightBeRichText(QToolTip::text()));
+        QVERIFY(hintAt(editor, map.cellAt(2, 1)).size() < 150);
+        editor.selectCell(19, 19);
+        map.wheel(-120);
+        QCOMPARE(hintAt(editor, map.cellAt(19, 19)),
+                 QStringLiteral("Cell 399\nLowest point: -0.67\nHighest point: -0.67\nLake: yes"));
+        QVERIFY(hintAt(editor, {1, 1}).isEmpty());
+        map.drag(map.cellAt(5, 0), map.cellAt(12, 5));
+        map.wheel(120);
+        editor.clickTool("Preview");
+        GLMapWidget &view = *editor.window->mapView;
+        view.center = {17.5, 2 / 3.0, 3.5};
+        QVERIFY(map.paint());
+        const QStringList lines = hintAt(editor, view.rect().center()).split(u'\n');
+        QVERIFY2(lines[0].startsWith(QLatin1String("Position: 17.")) &&
+                     lines[0].contains(QLatin1String(", 3.")),
+                 qPrintable(lines[0]));
+        QCOMPARE(lines[1], QStringLiteral("Height: 0.67"));
+        QVERIFY(hintAt(editor, {view.width() / 2, 1}).isEmpty());
+    }
+
+    void resizingTheOverviewReadsAndSelectsNothing() {
+        const EditorDriver editor;
+        ViewDriver map = editor.map();
+        editor.selectCell(5, 5);
+        {
+            // There is no tile here, and reading it would say so.
+            QTest::failOnWarning(QRegularExpression(QStringLiteral("tile")));
+            editor.window->resize(editor.window->width() + 50, editor.window->height() + 20);
+            QVERIFY(QTest::qWaitFor([&] { return map.paint() && editor.window->mapView->width() > 300; }));
+            editor.clickTool("Preview");
+            map.paint();
+            editor.clickTool("Preview");
+            map.paint();
+        }
+        QCOMPARE(map.selectedCells(), std::vector<int>{105});
+    }
+
+    void thePointerShowsWhatAPressDoes() {
+        const EditorDriver editor([](LevelDocument &level) { level.background->water = false; });
+        GLMapWidget &view = *editor.window->mapView;
+        QCOMPARE(view.cursor().shape(), Qt::CrossCursor);
+        editor.click("randomGeo");
+        QCOMPARE(view.cursor().shape(), Qt::ForbiddenCursor);
+        editor.clickTool("Preview");
+        QCOMPARE(view.cursor().shape(), Qt::OpenHandCursor);
+        QTest::mousePress(&view, Qt::LeftButton, {}, {50, 50});
+        QCOMPARE(view.cursor().shape(), Qt::ClosedHandCursor);
+        QTest::mouseRelease(&view, Qt::LeftButton, {}, {50, 50});
+        QCOMPARE(view.cursor().shape(), Qt::OpenHandCursor);
+        // New switches the water on while it works.
+        std::optional<Qt::CursorShape> working;
+        QObject::connect(editor.window->water, &QCheckBox::toggled, editor.window.get(), [&working] {
+            const QCursor *const cursor = QApplication::overrideCursor();
+            working = cursor != nullptr ? cursor->shape() : Qt::ArrowCursor;
+        });
+        QVERIFY(EditorDriver::answer<InitDialog>(
+            [&] { editor.clickTool("fileNewAction"); },
+            [](InitDialog &form) { QTest::mouseClick(form.buttonOk, Qt::LeftButton); }));
+        QCOMPARE(working, Qt::WaitCursor);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    void namesThatCannotBeWrittenAreRefusedAtTheField() {
+        const EditorDriver editor(twoTeams);
+        const auto saveAs = [&](const std::function<void(QFileDialog &)> &reply) {
+            return EditorDriver::answer<QFileDialog>([&] { editor.clickTool("fileSaveAction"); }, reply);
+        };
+        QVERIFY(QDir().mkpath(QStringLiteral("levels/folder.xml")));
+        QVERIFY(mkfifo("levels/pipe.xml", 0600) == 0);
+        QVERIFY(QFile::link(QStringLiteral("/dev/null"), QStringLiteral("levels/null.xml")));
+        QVERIFY(saveAs([](QFileDialog &dialog) {
+            QVERIFY(dialog.selectedFiles().isEmpty() || !dialog.selectedFiles().first().contains("default"));
+            for (const auto &[name, word] : {std::pair(QStringLiteral("nowhere/a"), "folder"),
+                                             {QStringLiteral("nowhere/"), "folder"},
+                                             {QStringLiteral("folder"), "folder"},
+                                             {QStringLiteral("pipe"), "ordinary"},
+                                             {QStringLiteral("null"), "ordinary"},
+                                             {QString(252, u'n'), "long"}}) {
+                QToolTip::hideText();
+                EditorDriver::enterFile(dialog, name);
+                const QString complaint = complaintOf(dialog);
+                QVERIFY2(complaint.contains(QLatin1String(word)), qPrintable(name + u' ' + complaint));
+            }
+            EditorDriver::enterFile(dialog, QStringLiteral("good"));
+        }));
+        QVERIFY(EditorDriver::contentOf(QStringLiteral("levels/good.xml")).startsWith("<CISG>"));
+        QCOMPARE(QDir(QStringLiteral("levels")).entryList(QDir::Files | QDir::Hidden | QDir::System),
+                 (QStringList{"good.xml", "null.xml", "pipe.xml"}));
+        struct stat status {};
+        QVERIFY(lstat("levels/pipe.xml", &status) == 0 && S_ISFIFO(status.st_mode));
+        // What was saved last is proposed, and opens by its name alone.
+        QVERIFY(saveAs([](QFileDialog &dialog) {
+            QCOMPARE(dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->selectedText(),
+                     QStringLiteral("good.xml"));
+        }));
+        const LevelDocument *const before = &editor.level();
+        QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("good")));
+        QVERIFY(&editor.level() != before && editor.player(1).cell == 18);
+    }
+
+    void aSaveThatFailsAsksAgain() {
+        const EditorDriver editor(twoTeams);
+        if (!QDir().mkpath(QStringLiteral("levels/small")) ||
+            mount("tmpfs", "levels/small", "tmpfs", 0, "size=16k") != 0) {
+            QSKIP("This needs the right to mount a small disk");
+        }
+        const QString file = QStringLiteral("levels/small/a.xml");
+        QFile earlier(file);
+        QVERIFY(earlier.open(QIODevice::WriteOnly) && earlier.write("precious") == 8);
+        earlier.close();
+        QString complaint;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot save .*a\\.xml")));
+        const auto answerAgain = [&complaint] {
+            EditorDriver::answer<QFileDialog>(
+                [&complaint] { QVERIFY(QTest::qWaitFor([&complaint] { return !complaint.isEmpty(); })); },
+                [&complaint](QFileDialog &dialog) { complaint = complaintOf(dialog); });
+        };
+        QVERIFY(EditorDriver::answer<QFileDialog>(
+            [&] { editor.clickTool("fileSaveAction"); },
+            [&](QFileDialog &dialog) {
+                QVERIFY(EditorDriver::answer<QMessageBox>(
+                    [&] { EditorDriver::enterFile(dialog, QStringLiteral("small/a")); },
+                    [](QMessageBox &box) {
+                        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+                    }));
+                QTimer::singleShot(0, QCoreApplication::instance(), answerAgain);
+            }));
+        QVERIFY(complaint.contains(QLatin1String("disk")));
+        QCOMPARE(EditorDriver::contentOf(file), QByteArray("precious"));
+        QCOMPARE(QDir(QStringLiteral("levels/small")).entryList(QDir::Files | QDir::Hidden).size(), 1);
+        umount("levels/small");
+    }
+};
+
+DRUVELK_TEST_MAIN(HandTest)
+#include "HandTest.moc"

@@ -1,16 +1,16 @@
 #pragma once
 
+#include <array>
 #include <glm/glm.hpp>
 
-/// Cloudless air: its colours from straight up down to the horizon, and of the haze below it.
+/// Cloudless air: its colours at the horizon and at 4, 14, 34 and 90 degrees above it, those between them
+/// on a smooth curve.
 struct Air {
-    glm::vec3 zenith{};
-    glm::vec3 middle{};
-    glm::vec3 horizon{};
-    glm::vec3 below{};
-    float depth = 0.14F; ///< Sine of the elevation over which the horizon's haze thins out.
+    std::array<glm::vec3, 5> stops{};
+    float haze = 0.03F; ///< How unevenly thick it is around the horizon.
 
     glm::vec3 color(glm::vec3 direction) const;
+    glm::vec3 horizon() const { return stops[0]; }
 };
 
 /// Where the line of sight meets a layer of clouds: in layer heights, from straight above the viewer.

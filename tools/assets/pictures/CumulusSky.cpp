@@ -1,10 +1,9 @@
-#include "tools/assets/pictures/Skies.h"
-
-#include "tools/assets/pictures/Air.h"
 #include "tools/assets/pictures/Field.h"
 #include "tools/assets/pictures/Noise.h"
+#include "tools/assets/pictures/Skies.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 // Cumulus as a volume: the line of sight is followed through the layer of clouds, and what it gathers is
@@ -16,9 +15,6 @@ constexpr float worldRadius = 130;
 constexpr float base = 1.0F; ///< Of the layer, above the viewer; all lengths are in this unit.
 constexpr float thickness = 0.52F;
 constexpr float fullDensity = 34;
-
-const Air air{
-    {0.22F, 0.44F, 0.75F}, {0.44F, 0.65F, 0.88F}, {0.80F, 0.88F, 0.93F}, {0.72F, 0.79F, 0.83F}, 0.22F};
 
 float distanceToHeight(float up, float height) {
     const float b = worldRadius * up;
@@ -99,30 +95,36 @@ glm::vec3 cloudColor(glm::vec3 p, float here, float distance, glm::vec3 behind) 
     return glm::mix(lit, behind, haze * haze);
 }
 
+/// A number from 0 to 1 for a line of sight.
+float scatter(glm::vec3 direction) {
+    return hashedFraction(std::bit_cast<int>(direction.x), std::bit_cast<int>(direction.z), 935);
+}
+
 } // namespace
 
-glm::vec3 cumulusSky(glm::vec3 direction) {
-    const glm::vec3 behind = air.color(direction);
+glm::vec3 cumulus(glm::vec3 direction, glm::vec3 air) {
     if (direction.y <= 0.01F) {
-        return behind;
+        return air;
     }
     const float near = distanceToHeight(direction.y, base);
     const float far = std::min(distanceToHeight(direction.y, base + thickness), near + 4.0F);
     // A line of sight along the layer is longer, but what it meets is farther away.
-    const int steps = static_cast<int>(30.0F + 14.0F * std::min(1.0F, (far - near) / 3.0F));
+    const int steps = static_cast<int>(36.0F + 20.0F * std::min(1.0F, (far - near) / 3.0F));
     const float step = (far - near) / static_cast<float>(steps);
+    // Each line begins elsewhere in its first step: else clouds are cut into slices, like a map's contours.
+    const float start = near + step * scatter(direction);
     glm::vec3 gathered(0);
     float clear = 1;
     for (int i = 0; i < steps && clear > 0.02F; ++i) {
-        const float distance = near + (static_cast<float>(i) + 0.5F) * step;
+        const float distance = start + static_cast<float>(i) * step;
         const glm::vec3 p = distance * direction;
         const float here = density(p, true);
         if (here > 0.0F) {
             const float passed = std::exp(-here * step);
-            gathered += clear * (1.0F - passed) * cloudColor(p, here, distance, behind);
+            gathered += clear * (1.0F - passed) * cloudColor(p, here, distance, air);
             clear *= passed;
         }
     }
-    const glm::vec3 color = gathered + clear * behind;
-    return glm::mix(behind, color, glm::smoothstep(0.01F, 0.10F, direction.y));
+    const glm::vec3 color = gathered + clear * air;
+    return glm::mix(air, color, glm::smoothstep(0.01F, 0.10F, direction.y));
 }

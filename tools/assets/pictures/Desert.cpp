@@ -79,7 +79,10 @@ void scatterGrit(Picture &picture, int count, float largest, const std::vector<g
 /// The colour of stone `id` at a place: its own tone, layers, speckles.
 glm::vec3 stoneColor(const Stone &stone, glm::vec2 uv, float mottling, const std::vector<glm::vec3> &kinds) {
     const float tone = hashedFraction(1, 9, stone.seed);
-    const glm::vec3 base = ramp(kinds, tone) * (0.82F + 0.36F * hashedFraction(2, 9, stone.seed));
+    // A large stone of an uncommon tone would be found again in every repeat.
+    const float freedom = glm::mix(1.0F, 0.35F, glm::smoothstep(12.0F, 60.0F, stone.size));
+    const glm::vec3 base = ramp(kinds, glm::mix(0.45F, tone, freedom)) *
+                           (1.0F + 0.32F * freedom * (hashedFraction(2, 9, stone.seed) - 0.5F));
     const float turn = circle * hashedFraction(3, 9, stone.seed);
     // Some kinds are banded.
     float banded = 0;
@@ -111,8 +114,6 @@ Picture crackedEarth() {
     Random random(513);
     scatterGrit(picture, 1500, 4.5F, {{0.50F, 0.27F, 0.18F}, {0.72F, 0.46F, 0.32F}, {0.60F, 0.44F, 0.36F}},
                 random);
-    flattenLarge(picture, 170, 0.6F);
-    setMeanLuminance(picture, 0.47F);
     return picture;
 }
 
@@ -120,7 +121,7 @@ Picture stonyDesert() {
     // Twice the size and averaged down, for clean outlines.
     constexpr int fine = 2 * side;
     Random random(521);
-    const std::vector<Stone> stones = scatterStones(fine, 5200, 7, 92, 0.03F, random);
+    const std::vector<Stone> stones = scatterStones(fine, 6400, 7, 72, 0.03F, random);
     StoneLayer layer(fine);
     layStones(layer, stones, 2.6F);
     const Field cavity = relief(layer.height, 30);
@@ -128,7 +129,7 @@ Picture stonyDesert() {
                                        {0.66F, 0.57F, 0.46F},
                                        {0.60F, 0.46F, 0.36F},
                                        {0.55F, 0.53F, 0.51F},
-                                       {0.74F, 0.66F, 0.54F}};
+                                       {0.68F, 0.60F, 0.49F}};
     // What needs no clean outline is made at the final size.
     Field mottling(side);
     mottling.fill([](glm::vec2 uv) { return fractalNoise(uv, 64, 5, 520, 0.65F); });
@@ -151,8 +152,6 @@ Picture stonyDesert() {
     });
     Picture out = halved(picture);
     scatterGrit(out, 9000, 3.2F, kinds, random, &layer.owner);
-    flattenLarge(out, 150, 0.6F);
-    setMeanLuminance(out, 0.52F);
     return out;
 }
 
@@ -172,8 +171,6 @@ Picture windRipples() {
     });
     Random random(536);
     scatterGrit(picture, 700, 2.6F, {{0.48F, 0.36F, 0.27F}, {0.66F, 0.54F, 0.42F}}, random);
-    flattenLarge(picture, 170, 0.5F);
-    setMeanLuminance(picture, 0.58F);
     return picture;
 }
 
@@ -204,7 +201,5 @@ Picture fineSand() {
                 random);
     scatterGrit(picture, 130, 6.0F, {{0.96F, 0.92F, 0.86F}, {0.90F, 0.76F, 0.68F}, {0.66F, 0.60F, 0.56F}},
                 random);
-    flattenLarge(picture, 170, 0.6F);
-    setMeanLuminance(picture, 0.62F);
     return picture;
 }

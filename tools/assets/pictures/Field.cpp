@@ -34,6 +34,45 @@ Torus<Value> smoothed(const Torus<Value> &in, int radius) {
     return out;
 }
 
+/// Large shapes are looked at in a picture of so much smaller a side.
+constexpr int reduction = 8;
+
+Picture reduced(const Picture &picture) {
+    Picture out = picture;
+    for (int size = 1; size < reduction; size *= 2) {
+        out = halved(out);
+    }
+    return out;
+}
+
+/// What a reduced picture holds at a texel of the full one, between its own texels.
+glm::vec3 sampled(const Picture &reduced, int x, int y) {
+    const glm::vec2 p = (glm::vec2(x, y) + 0.5F) / static_cast<float>(reduction) - 0.5F;
+    const glm::vec2 base = glm::floor(p);
+    const glm::ivec2 i(base);
+    const glm::vec2 d = p - base;
+    return glm::max(glm::mix(glm::mix(reduced.at(i.x, i.y), reduced.at(i.x + 1, i.y), d.x),
+                             glm::mix(reduced.at(i.x, i.y + 1), reduced.at(i.x + 1, i.y + 1), d.x), d.y),
+                    glm::vec3(1e-5F));
+}
+
+glm::vec3 meanOf(const Picture &picture) {
+    glm::dvec3 sum(0);
+    for (const glm::vec3 &color : picture.values()) {
+        sum += glm::dvec3(color);
+    }
+    return glm::vec3(sum / static_cast<double>(picture.values().size()));
+}
+
+template <class Function>
+void changeEach(Picture &picture, Function function) {
+    for (int y = 0; y < picture.side(); ++y) {
+        for (int x = 0; x < picture.side(); ++x) {
+            picture.at(x, y) = function(x, y);
+        }
+    }
+}
+
 } // namespace
 
 Field blurred(const Field &field, int radius) {
@@ -87,16 +126,40 @@ float meanLuminance(const Picture &picture) {
     return static_cast<float>(sum / static_cast<double>(picture.values().size()));
 }
 
-void flattenLarge(Picture &picture, int radius, float amount) {
-    const Picture large = blurred(picture, radius);
-    glm::vec3 mean(0);
-    for (const glm::vec3 &color : large.values()) {
-        mean += color / static_cast<float>(large.values().size());
+Field standardised(const Field &field, int radius) {
+    Field out = relief(field, radius);
+    Field squares = out;
+    for (float &value : squares.values()) {
+        value *= value;
     }
-    for (std::size_t i = 0; i < large.values().size(); ++i) {
-        const glm::vec3 factor = mean / glm::max(large.values()[i], glm::vec3(0.02F));
-        picture.values()[i] *= glm::mix(glm::vec3(1), factor, amount);
+    squares = blurred(squares, radius);
+    for (std::size_t i = 0; i < out.values().size(); ++i) {
+        out.values()[i] /= std::sqrt(squares.values()[i]) + 1e-6F;
     }
+    return out;
+}
+
+void evenOut(Picture &picture, float amount) {
+    const int side = picture.side();
+    const Picture broad = blurred(reduced(picture), side / reduction / 10);
+    const glm::vec3 mean = meanOf(broad);
+    changeEach(picture, [&](int x, int y) { return picture.at(x, y) * (mean / sampled(broad, x, y)); });
+    const Picture patches = blurred(reduced(picture), side / reduction / 28);
+    changeEach(picture, [&](int x, int y) {
+        return picture.at(x, y) * glm::mix(glm::vec3(1), mean / sampled(patches, x, y), amount);
+    });
+    // What is left of each texel's distance from the mean, squared, says how lively its place is.
+    Picture squares(side);
+    for (std::size_t i = 0; i < squares.values().size(); ++i) {
+        const glm::vec3 away = picture.values()[i] - mean;
+        squares.values()[i] = glm::vec3(glm::dot(away, away) + 1e-5F);
+    }
+    const Picture lively = blurred(reduced(squares), side / reduction / 12);
+    const float usual = meanOf(lively).x;
+    changeEach(picture, [&](int x, int y) {
+        const float scale = std::pow(usual / sampled(lively, x, y).x, 0.5F * amount);
+        return mean + scale * (picture.at(x, y) - mean);
+    });
 }
 
 void setMeanLuminance(Picture &picture, float mean) {

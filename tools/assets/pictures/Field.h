@@ -62,9 +62,14 @@ Picture halved(const Picture &picture);
 float luminance(glm::vec3 color);
 float meanLuminance(const Picture &picture);
 
-/// Evens out what is larger than `radius` texels, by `amount` from 0 to 1, so that a repeated picture
-/// shows no grid.
-void flattenLarge(Picture &picture, int radius, float amount);
+/// The field with the same mean (0) and the same deviation (1) everywhere within about `radius` texels: a
+/// threshold then cuts as much out of one place as of another.
+Field standardised(const Field &field, int radius);
+
+/// Takes away what would draw a grid over a map that repeats the picture: all that is larger than a
+/// tenth of its side and, by `amount` from 0 to 1, patches down to a thirtieth and places that are
+/// livelier than others.
+void evenOut(Picture &picture, float amount);
 
 /// Moves the picture around its torus so that its edges run where neighbouring texels differ least: what
 /// the file format does to the edges then shows least.

@@ -3,8 +3,8 @@
 #include "tools/assets/pictures/Field.h"
 
 /// Grounds, 1024 x 1024, seen from straight above and joining themselves on all sides. A ground is
-/// multiplied by the ground's colour and by the light, so it is mid-bright and its form comes from
-/// contrast without a light direction.
+/// multiplied by the ground's colour and by the light, so its form comes from contrast without a light
+/// direction. Brightness and evenness are given to it afterwards, by the list in PictureJobs.cpp.
 
 Picture lushGrass();
 Picture dryGrass();

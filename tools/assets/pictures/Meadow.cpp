@@ -101,13 +101,12 @@ void drawLeaves(Picture &picture, int count, Random &random) {
     }
 }
 
-/// Places that keep their distance from each other around the torus, gathered in loose groups.
+/// Places that keep their distance from each other around the torus, nowhere more than elsewhere.
 std::vector<glm::vec2> flowerPlaces(int count, float distance, Random &random) {
     std::vector<glm::vec2> places;
     for (int attempt = 0; attempt < 60 * count && static_cast<int>(places.size()) < count; ++attempt) {
         const glm::vec2 place(side * random.fraction(), side * random.fraction());
-        const float group = 0.5F + 0.7F * fractalNoise(place / static_cast<float>(side), 5, 2, 404);
-        bool free = random.fraction() < group;
+        bool free = true;
         for (const glm::vec2 &other : places) {
             const glm::vec2 d = glm::abs(place - other);
             const glm::vec2 around = glm::min(d, static_cast<float>(side) - d);
@@ -123,7 +122,7 @@ std::vector<glm::vec2> flowerPlaces(int count, float distance, Random &random) {
 Flower someFlower(glm::vec2 place, Random &random) {
     Flower flower;
     flower.middle = place;
-    flower.size = random.between(24.0F, 35.0F);
+    flower.size = random.between(22.0F, 31.0F);
     flower.turn = circle * random.fraction();
     const float toward = circle * random.fraction();
     flower.nod = random.between(0.1F, 0.9F) * glm::vec2(std::cos(toward), std::sin(toward));
@@ -151,10 +150,8 @@ Picture daffodilMeadow() {
     drawLeaves(picture, 260, random);
     look.tufts = 800;
     drawGrass(picture, look, Field(side, 1.0F), random);
-    for (const glm::vec2 place : flowerPlaces(150, 46, random)) {
+    for (const glm::vec2 place : flowerPlaces(105, 78, random)) {
         drawFlower(picture, someFlower(place, random));
     }
-    flattenLarge(picture, 200, 0.5F);
-    setMeanLuminance(picture, 0.50F);
     return picture;
 }

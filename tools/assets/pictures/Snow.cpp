@@ -76,8 +76,6 @@ Picture freshSnow() {
     });
     Random random(707);
     drawSparkles(picture, 9000, random);
-    flattenLarge(picture, 150, 0.6F);
-    setMeanLuminance(picture, 0.82F);
     return picture;
 }
 
@@ -90,21 +88,23 @@ Picture packedSnow() {
     height.fill([](glm::vec2 uv) {
         // Wind has carved the crust along x.
         const glm::vec2 warp(0.018F * fractalNoise(uv, 6, 3, 712), 0.018F * fractalNoise(uv, 6, 3, 713));
-        return 0.55F * fractalNoise(uv + warp, 8, 6, 714, 0.55F) + 0.45F * ridgedNoise(uv + warp, 11, 5, 715);
+        return 0.55F * fractalNoise(uv + warp, 17, 5, 714, 0.55F) +
+               0.45F * ridgedNoise(uv + warp, 19, 4, 715);
     });
     const Field cavity = relief(height, 18);
     const Field level = levelness(height, 14.0F);
+    const Field cover = standardised(height, 60);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
-        const float bare = glm::smoothstep(0.05F, -0.22F, height.at(at.x, at.y) - 0.30F);
+        const float bare = glm::smoothstep(-0.2F, -1.3F, cover.at(at.x, at.y));
         const float inside =
             fractalNoise(uv + glm::vec2(0.03F * fractalNoise(uv, 7, 3, 716)), 12, 6, 717, 0.6F);
         const CellSample bubble = cellNoise(uv, 80, 1.0F, 718);
         const float bubbles =
             static_cast<float>(bubble.id & 0xFFU) > 190.0F ? std::exp(-30.0F * bubble.nearest) : 0.0F;
         glm::vec3 ice =
-            ramp({{0.38F, 0.54F, 0.66F}, {0.50F, 0.67F, 0.77F}, {0.66F, 0.80F, 0.87F}}, 0.5F + 0.5F * inside);
+            ramp({{0.47F, 0.60F, 0.71F}, {0.58F, 0.72F, 0.81F}, {0.72F, 0.83F, 0.89F}}, 0.5F + 0.5F * inside);
         ice += glm::vec3(0.30F, 0.26F, 0.22F) *
                (0.9F * cracks.at(at.x, at.y) + 1.1F * halo.at(at.x, at.y) + 0.5F * bubbles);
         const float grain = hashedFraction(at.x, at.y, 719) - 0.5F;
@@ -114,7 +114,5 @@ Picture packedSnow() {
         crust *= 0.66F + 0.34F * level.at(at.x, at.y);
         return glm::mix(crust, ice, 0.78F * bare);
     });
-    flattenLarge(picture, 170, 0.6F);
-    setMeanLuminance(picture, 0.68F);
     return picture;
 }

@@ -22,10 +22,10 @@ Basalt basalt() {
             const glm::vec2 uv = (glm::vec2(x, y) + 0.5F) / static_cast<float>(side);
             const glm::vec2 warp(0.022F * fractalNoise(uv, 8, 6, 601, 0.6F),
                                  0.022F * fractalNoise(uv, 8, 6, 602, 0.6F));
-            const CellSample slab = cellNoise(uv + warp, 8, 0.9F, 603);
+            const CellSample slab = cellNoise(uv + warp, 11, 0.95F, 603);
             const CellSample chip = cellNoise(uv + 1.3F * warp, 27, 1.0F, 604);
-            const float open = glm::smoothstep(-0.45F, 0.35F, fractalNoise(uv, 5, 3, 605));
-            const float width = glm::mix(0.018F, 0.060F, open);
+            const float open = glm::smoothstep(-0.45F, 0.35F, fractalNoise(uv, 13, 3, 605));
+            const float width = glm::mix(0.026F, 0.062F, open);
             rock.crack.at(x, y) = 1.0F - glm::smoothstep(0.25F * width, width, slab.edge);
             const float tilt = 0.22F * (static_cast<float>(chip.id & 0xFFU) / 255.0F - 0.5F);
             const float edges = glm::smoothstep(0.0F, 0.09F, chip.edge);
@@ -66,18 +66,18 @@ Picture glowingBasalt() {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float tone = fractalNoise(uv, 9, 6, 610, 0.6F);
         glm::vec3 color =
-            glm::mix(glm::vec3(0.40F, 0.40F, 0.42F), glm::vec3(0.50F, 0.47F, 0.44F), 0.5F + 0.5F * tone);
+            glm::mix(glm::vec3(0.33F, 0.33F, 0.35F), glm::vec3(0.42F, 0.39F, 0.36F), 0.5F + 0.5F * tone);
         color *= 1.0F + 0.12F * tone - 0.28F * pores(uv, 90, 611);
         color *= (0.42F + 0.58F * level.at(at.x, at.y)) * (1.0F + 0.95F * cavity.at(at.x, at.y));
         const float crack = rock.crack.at(at.x, at.y);
         const float flicker = 0.78F + 0.35F * fractalNoise(uv, 12, 4, 612);
         color = glm::mix(color, glm::vec3(0.05F, 0.03F, 0.03F), 0.85F * crack);
-        const float embers = std::pow(crack, 1.5F) * flicker;
-        color += glow(embers) + glm::vec3(0.50F, 0.13F, 0.02F) * 1.1F * halo.at(at.x, at.y) * flicker;
+        // Where cracks meet there is more of them, but it is no hotter: nodes would show as a grid of lights.
+        const float embers = std::min(0.85F, 1.1F * std::pow(crack, 1.2F) * flicker);
+        color += glow(embers) +
+                 glm::vec3(0.50F, 0.13F, 0.02F) * 0.9F * std::min(0.55F, halo.at(at.x, at.y)) * flicker;
         return color;
     });
-    flattenLarge(picture, 170, 0.4F);
-    setMeanLuminance(picture, 0.39F);
     return picture;
 }
 
@@ -113,7 +113,7 @@ Picture ashAndCinders() {
         const float grain = hashedFraction(half.x, half.y, 625) - 0.5F;
         const float shade = glm::clamp(1.0F + 0.03F * cavity.at(at.x, at.y), 0.35F, 1.25F);
         const float drift = glm::clamp(1.0F + 0.30F * drifts.at(half.x, half.y), 0.7F, 1.25F);
-        const glm::vec3 ash = glm::mix(glm::vec3(0.56F, 0.54F, 0.52F), glm::vec3(0.66F, 0.64F, 0.63F),
+        const glm::vec3 ash = glm::mix(glm::vec3(0.22F, 0.21F, 0.21F), glm::vec3(0.31F, 0.30F, 0.29F),
                                        0.5F + 0.5F * tone.at(half.x, half.y)) *
                               (1.0F + 0.10F * grain + 0.07F * grit.at(half.x, half.y)) * drift * shade;
         const int owner = layer.owner.at(at.x, at.y);
@@ -122,18 +122,16 @@ Picture ashAndCinders() {
         }
         const Stone &stone = stones[static_cast<std::size_t>(owner)];
         const float rust = std::pow(hashedFraction(1, 3, stone.seed), 7.0F);
-        glm::vec3 cinder = glm::mix(glm::vec3(0.34F, 0.33F, 0.33F), glm::vec3(0.52F, 0.30F, 0.22F), rust);
+        glm::vec3 cinder = glm::mix(glm::vec3(0.50F, 0.49F, 0.48F), glm::vec3(0.55F, 0.40F, 0.33F), rust);
         cinder *= 0.75F + 0.5F * hashedFraction(2, 3, stone.seed);
         cinder *= 0.72F + 0.60F * rough.at(half.x, half.y);
         const float rim = layer.rim.at(at.x, at.y);
         cinder *= 1.15F - 0.5F * rim * rim;
         // Ash has settled on the flat tops of some.
-        const float dust = glm::smoothstep(0.1F, 0.6F, dusty.at(half.x, half.y)) * (1.0F - rim) *
+        const float dust = 0.6F * glm::smoothstep(0.1F, 0.6F, dusty.at(half.x, half.y)) * (1.0F - rim) *
                            hashedFraction(4, 3, stone.seed);
         return glm::mix(cinder, ash, dust);
     });
     Picture out = halved(picture);
-    flattenLarge(out, 150, 0.6F);
-    setMeanLuminance(out, 0.47F);
     return out;
 }

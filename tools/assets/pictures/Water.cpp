@@ -27,7 +27,6 @@ struct Surface {
 Surface makeSurface(const Swell &swell, std::uint32_t seed) {
     Random random(seed);
     Surface surface;
-    double power = 0;
     for (int i = 0; i < swell.waves; ++i) {
         const float share = static_cast<float>(i) / static_cast<float>(swell.waves - 1);
         const float number =
@@ -41,7 +40,6 @@ Surface makeSurface(const Swell &swell, std::uint32_t seed) {
         }
         const float real = std::sqrt(static_cast<float>(across * across + down * down));
         const float height = std::pow(real, -swell.decay) * glm::mix(1.0F, along * along, swell.wind);
-        power += 0.5 * static_cast<double>(height * height);
         const float phase = circle * random.fraction();
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
@@ -54,19 +52,9 @@ Surface makeSurface(const Swell &swell, std::uint32_t seed) {
             }
         }
     }
-    const auto scale = static_cast<float>(1.0 / std::sqrt(power));
-    for (float &value : surface.height.values()) {
-        value *= scale;
-    }
-    double crestPower = 0;
-    for (const float value : surface.crest.values()) {
-        crestPower += static_cast<double>(value * value);
-    }
-    const auto crestScale =
-        static_cast<float>(std::sqrt(static_cast<double>(side) * static_cast<double>(side) / crestPower));
-    for (float &value : surface.crest.values()) {
-        value *= crestScale;
-    }
+    // Crests are as frequent in one place as in another, else they would stand in rows on a repeat.
+    surface.height = standardised(surface.height, 110);
+    surface.crest = standardised(surface.crest, 36);
     return surface;
 }
 
@@ -76,64 +64,68 @@ float net(glm::vec2 uv, glm::vec2 bend, int period, std::uint32_t seed) {
     return 0.65F * std::exp(-14.0F * edge) + 0.35F * std::exp(-4.0F * edge);
 }
 
-glm::vec3 tinted(float light) {
-    // Nearly neutral: the level's water colour gives the hue.
-    return ramp({{0.03F, 0.05F, 0.06F},
-                 {0.16F, 0.21F, 0.24F},
-                 {0.36F, 0.43F, 0.47F},
-                 {0.66F, 0.72F, 0.75F},
-                 {0.95F, 0.97F, 0.98F}},
-                light);
-}
+/// From a trough through the body to a crest that catches the sky. The level's water colour gives the hue,
+/// but what lies under water is seldom blue: a body that is bluer than it is bright hides more of it.
+using Tones = std::vector<glm::vec3>;
+
+const Tones clearTones{{0.01F, 0.05F, 0.06F},
+                       {0.08F, 0.16F, 0.19F},
+                       {0.26F, 0.37F, 0.40F},
+                       {0.62F, 0.72F, 0.74F},
+                       {0.95F, 0.97F, 0.98F}};
+const Tones deepTones{{0.02F, 0.08F, 0.16F},
+                      {0.07F, 0.18F, 0.34F},
+                      {0.20F, 0.36F, 0.50F},
+                      {0.62F, 0.73F, 0.80F},
+                      {0.95F, 0.97F, 0.98F}};
+const Tones stormTones{{0.06F, 0.07F, 0.08F},
+                       {0.17F, 0.19F, 0.21F},
+                       {0.36F, 0.39F, 0.41F},
+                       {0.68F, 0.71F, 0.72F},
+                       {0.95F, 0.96F, 0.97F}};
 
 } // namespace
 
 Picture calmWater() {
-    const Surface surface = makeSurface({40, 6, 26, 1.3F, 0.1F}, 801);
+    const Surface surface = makeSurface({40, 9, 30, 1.3F, 0.1F}, 801);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float h = surface.height.at(at.x, at.y);
-        const glm::vec2 bend = 0.022F * glm::vec2(h, surface.height.at(at.x + 90, at.y + 40));
-        const float light = 0.11F + 0.025F * h +
-                            0.26F * net(uv, bend, 10, 802) * net(uv, -0.7F * bend, 7, 805) +
-                            0.14F * net(uv, bend, 10, 802) + 0.06F * net(uv, 0.5F * bend, 21, 806);
-        return tinted(light);
+        const glm::vec2 bend = 0.016F * glm::vec2(h, surface.height.at(at.x + 90, at.y + 40));
+        const float light = 0.15F + 0.02F * h +
+                            0.32F * net(uv, bend, 13, 802) * net(uv, -0.7F * bend, 11, 805) +
+                            0.16F * net(uv, bend, 13, 802) + 0.06F * net(uv, 0.5F * bend, 27, 806);
+        return ramp(clearTones, light);
     });
-    flattenLarge(picture, 80, 0.6F);
     return picture;
 }
 
 Picture rippledWater() {
-    const Surface surface = makeSurface({80, 8, 36, 1.0F, 0.5F}, 811);
+    const Surface surface = makeSurface({80, 11, 44, 1.0F, 0.5F}, 811);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float h = surface.height.at(at.x, at.y);
         const float crest = surface.crest.at(at.x, at.y);
-        const float glint = std::pow(glm::smoothstep(0.4F, 3.2F, crest), 1.6F);
-        return tinted(0.19F + 0.055F * h + 0.05F * crest + 0.55F * glint);
+        const float glint = std::pow(glm::smoothstep(1.2F, 3.4F, crest), 1.4F);
+        return ramp(deepTones, 0.20F + 0.035F * h + 0.045F * crest + 0.50F * glint);
     });
-    flattenLarge(picture, 80, 0.6F);
     return picture;
 }
 
 Picture roughWater() {
-    const Surface surface = makeSurface({110, 7, 56, 1.2F, 0.45F}, 821);
+    const Surface surface = makeSurface({110, 9, 60, 1.2F, 0.45F}, 821);
     Picture picture(side);
     picture.fill([&](glm::vec2 uv) {
         const glm::ivec2 at(uv * static_cast<float>(side));
         const float h = surface.height.at(at.x, at.y);
         const float crest = surface.crest.at(at.x, at.y);
         const glm::vec2 bend = 0.02F * glm::vec2(crest, h);
-        const float lace = ridgedNoise(uv + 0.6F * bend, 14, 5, 822);
+        const float lace = ridgedNoise(uv + 0.6F * bend, 17, 5, 822);
         const float foam =
-            glm::smoothstep(0.75F, 1.9F, crest + 0.35F * h) * glm::smoothstep(0.45F, 0.95F, lace);
-        const float streaks =
-            glm::smoothstep(0.86F, 1.05F, ridgedNoise(glm::vec2(uv.x, uv.y) + bend, 8, 5, 823)) * 0.22F;
-        return tinted(0.16F + 0.07F * h + 0.06F * crest + 0.62F * foam +
-                      streaks * glm::smoothstep(-1.0F, 1.5F, h));
+            glm::smoothstep(0.9F, 2.3F, crest + 0.35F * h) * glm::smoothstep(0.40F, 0.90F, lace);
+        return ramp(stormTones, 0.18F + 0.05F * h + 0.06F * crest + 0.55F * foam);
     });
-    flattenLarge(picture, 80, 0.6F);
     return picture;
 }

@@ -9,7 +9,7 @@ namespace {
 
 /// Writes a level where there is none. False where it cannot be written.
 bool writeIfMissing(const SampleLevel &sample, const QDir &workspace) {
-    const QString path = workspace.filePath(sample.fileName);
+    const QString path = workspace.filePath(QLatin1String(sample.fileName));
     if (QFile::exists(path)) {
         return true;
     }
@@ -42,7 +42,7 @@ int main(int argc, char **argv) {
     }
     for (const SampleLevel &sample : sampleLevels()) {
         if (!writeIfMissing(sample, QDir(QFile::decodeName(argv[1])))) {
-            std::fprintf(stderr, "cannot write %s\n", qPrintable(sample.fileName));
+            std::fprintf(stderr, "cannot write %s\n", sample.fileName);
             return 1;
         }
     }

@@ -12,11 +12,14 @@ namespace {
 constexpr double pi = 3.141592653589793;
 
 QImage repeated(const QImage &picture) {
-    const QImage small = picture.scaled(160, 160, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QImage result(480, 480, QImage::Format_RGB32);
+    // As often as a map repeats it.
+    constexpr int times = 5;
+    constexpr int side = 480 / times;
+    const QImage small = picture.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage result(times * side, times * side, QImage::Format_RGB32);
     QPainter painter(&result);
-    for (int i = 0; i < 9; ++i) {
-        painter.drawImage(i % 3 * 160, i / 3 * 160, small);
+    for (int i = 0; i < times * times; ++i) {
+        painter.drawImage(i % times * side, i / times * side, small);
     }
     return result;
 }

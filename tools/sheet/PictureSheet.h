@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Every ground and water picture repeated 3 × 3, the birds and the tile. False where the sheet cannot be
+/// Every ground and water picture repeated 5 × 5, the birds and the tile. False where the sheet cannot be
 /// saved.
 bool saveTextureSheet(const QString &fileName);
 

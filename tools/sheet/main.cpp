@@ -7,13 +7,14 @@
 #include <QDir>
 #include <cstdio>
 
-/// Draws contact sheets of everything below a workspace.
-/// Usage: druvelk-sheet WORKSPACE OUTPUT_DIRECTORY
+/// Draws contact sheets of everything below a workspace, or one: textures, skies, levels, eye-levels or
+/// characters.
+/// Usage: druvelk-sheet WORKSPACE OUTPUT_DIRECTORY [SHEET]
 int main(int argc, char **argv) {
     prepareApplication();
     const QApplication application(argc, argv);
-    if (argc != 3) {
-        std::fputs("usage: druvelk-sheet WORKSPACE OUTPUT_DIRECTORY\n", stderr);
+    if (argc < 3) {
+        std::fputs("usage: druvelk-sheet WORKSPACE OUTPUT_DIRECTORY [SHEET]\n", stderr);
         return 2;
     }
     const QString missing = missingOpenGL();
@@ -26,9 +27,15 @@ int main(int argc, char **argv) {
         std::fputs("a directory cannot be made or entered\n", stderr);
         return 1;
     }
-    const bool saved = saveTextureSheet(output.filePath(QStringLiteral("textures.png"))) &&
-                       saveSkySheet(output.filePath(QStringLiteral("skies.png"))) &&
-                       saveLevelSheet(output.filePath(QStringLiteral("levels.png"))) &&
-                       saveCharacterSheets(output.path());
+    const QString only = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
+    const auto wanted = [&only](const char *sheet) { return only.isEmpty() || only == QLatin1String(sheet); };
+    const auto file = [&output](const char *sheet) {
+        return output.filePath(QLatin1String(sheet) + QStringLiteral(".png"));
+    };
+    const bool saved = (!wanted("textures") || saveTextureSheet(file("textures"))) &&
+                       (!wanted("skies") || saveSkySheet(file("skies"))) &&
+                       (!wanted("levels") || saveLevelSheet(file("levels"))) &&
+                       (!wanted("eye-levels") || saveEyeLevelSheet(file("eye-levels"))) &&
+                       (!wanted("characters") || saveCharacterSheets(output.path()));
     return saved ? 0 : 1;
 }

@@ -78,7 +78,7 @@ void shapeLakeValley(Sculptor &sculptor) {
     });
     sculptor.turnWheel([lake](int c, int r) {
         const double depth = lake(c, r);
-        return depth > 0.3 ? -notches(4 + 9 * depth) : 0;
+        return depth > 0.3 ? -notches(3 + 7 * depth) : 0;
     });
     sculptor.erodeTimes(5);
 }

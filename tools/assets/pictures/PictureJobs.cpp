@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int groundQuality = 95;
-constexpr int waterQuality = 96;
+constexpr int waterQuality = 98;
 constexpr int birdQuality = 94;
 // Blocks show first where colours change slowly.
 constexpr int skyQuality = 97;

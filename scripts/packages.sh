@@ -10,4 +10,4 @@ run_packages=(libgl1-mesa-dri qt6-qpa-plugins qt6-image-formats-plugins fonts-de
 test_packages=(xvfb xauth)
 lint_packages=(clang-format clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)
-package_packages=(dpkg-dev file gzip lintian appstream desktop-file-utils)
+package_packages=(dpkg-dev file gzip lintian appstream desktop-file-utils libxml2-utils python3)

@@ -215,9 +215,10 @@ void Steps::grab(const QString &fileName, const QString &name) {
     QWidget *const window = QApplication::activeModalWidget();
     const QWidget &widget = !name.isEmpty() ? find(name) : window != nullptr ? *window : *mainWindow();
     const QRect onScreen(widget.mapToGlobal(QPoint()), widget.size());
+    constexpr int fine = 88; // of 100, where the format has a quality
     const QPixmap picture =
         widget.screen()->grabWindow(0, onScreen.x(), onScreen.y(), onScreen.width(), onScreen.height());
-    if (!picture.save(fileName)) {
+    if (!picture.save(fileName, nullptr, fine)) {
         fail(QStringLiteral("cannot be written"));
     }
 }

@@ -23,7 +23,8 @@ class QWidget;
 ///     wait MILLISECONDS
 ///     grab FILE [NAME]                the active window, or one control, as it is on the screen
 ///     colours NAME X Y X Y LEAST      the control shows at least that many colours between two places
-///     quit
+///     quit                            closes the main window
+///     kill                            ends the program as it is, whatever is open
 class Steps : public QObject {
     Q_OBJECT
 

@@ -2,6 +2,8 @@
 
 #include "scene/SaveTarget.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QEvent>
@@ -12,6 +14,7 @@
 #include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
+#include <chrono>
 
 namespace {
 
@@ -39,20 +42,24 @@ public:
 
     QString ask() { return exec() == Accepted ? selectedFiles().value(0) : QString(); }
 
-    /// Puts a file into the field: by its name where it lies in the folder that is shown.
+    /// Puts a file into the field: by its way from the folder that is shown, where it lies below.
     void propose(const QString &fileName) {
-        const QFileInfo file(fileName);
-        const bool here = file.absoluteDir() == directory();
-        field->setText(here ? file.fileName() : file.absoluteFilePath());
+        const QString way = directory().relativeFilePath(QFileInfo(fileName).absoluteFilePath());
+        field->setText(way.startsWith(QLatin1String("../")) ? QFileInfo(fileName).absoluteFilePath() : way);
         field->selectAll();
     }
 
     /// Says why the name in the field does not do, now or as soon as the dialog shows.
     void complain(const QString &why) {
         complaint = why;
+        // What the toolkit offers to complete the name would cover the tool tip.
+        field->completer()->popup()->hide();
         field->setFocus();
         field->selectAll();
         showComplaint();
+        // The end of those offers may come back from the window system and hide the tool tip.
+        constexpr std::chrono::milliseconds soon{200};
+        QTimer::singleShot(soon, this, &LevelFileDialog::showComplaint);
     }
 
 protected:
@@ -122,7 +129,9 @@ private:
 
     void showComplaint() {
         if (!complaint.isEmpty() && isVisible()) {
-            QToolTip::showText(field->mapToGlobal(QPoint(0, 0)), complaint, field);
+            // The toolkit moves it down from there, to make room for a pointer.
+            constexpr int up = 8;
+            QToolTip::showText(field->mapToGlobal(QPoint(0, field->height() - up)), complaint, field);
         }
     }
 

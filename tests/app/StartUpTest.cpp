@@ -120,6 +120,8 @@ private slots:
         const EditorDriver editor;
         GLMapWidget &view = *editor.window->mapView;
         QVERIFY(!editor.find<QAction>("Wired").isVisible());
+        // Nothing could bring back a tool bar that its own menu has hidden.
+        editor.window->toolBar->toggleViewAction()->trigger();
         editor.clickTool("Preview");
         QVERIFY(view.preview);
         editor.clickTool("Wired");

@@ -44,6 +44,8 @@ std::vector<MeshVertex> ringPoints(const Part &part, std::size_t i) {
 /// The part with a cap on each end that is not a tip: rounded, but flat on a sharp part.
 Part closed(const Part &part) {
     Part whole = part;
+    if (!part.lids)
+        return whole;
     std::vector<Ring> &rings = whole.rings;
     const std::size_t last = rings.size() - 1;
     const glm::vec3 first = ringAxis(part.rings, 0);
@@ -55,8 +57,16 @@ Part closed(const Part &part) {
     };
     if (!isTip(part.rings[last]))
         rings.push_back(cap(rings[last], end, 1.0f));
-    if (!isTip(part.rings.front()))
+    const std::size_t before = isTip(part.rings.front()) ? 0 : 1;
+    if (before > 0)
         rings.insert(rings.begin(), cap(rings.front(), first, -1.0f));
+    if (part.sculpt) {
+        whole.sculpt = [before, last, inner = part.sculpt](std::size_t ring, unsigned corner,
+                                                           glm::vec3 &position, Influence &bones) {
+            if (ring >= before && ring - before <= last)
+                inner(ring - before, corner, position, bones);
+        };
+    }
     return whole;
 }
 

@@ -73,6 +73,7 @@ struct Part {
     Profile profile;
     glm::vec3 front{1, 0, 0}; ///< Where the profile's y points, made perpendicular to the tube.
     std::vector<Ring> rings;
+    bool lids = true;    ///< Closes an end that is not a tip; false where a last ring closes itself.
     bool sharp = false;  ///< Keeps edges in the light instead of rounding them.
     float detail = 1.0f; ///< Share of the skin compared to other parts of the size.
     Sculpting sculpt;

@@ -62,19 +62,21 @@ int notches(double height) {
 
 void shapeLakeValley(Sculptor &sculptor) {
     const auto lake = [](double c, double r) {
-        const double water = std::max(1.1 * hill(c, r, 12.2, 7.2, 4.6), 0.9 * hill(c, r, 7.6, 8.6, 3.6)) +
-                             0.12 * roll(c, r, 2);
-        return water - 1.5 * hill(c, r, 11.8, 7.4, 1.9);
+        const double water =
+            1.1 * hill(c, r, 12.2, 7.2, 4.8) + 0.95 * hill(c, r, 7.4, 8.8, 3.8) + 0.1 * roll(c, r, 2);
+        return std::min(water, 0.9) - 2.2 * hill(c, r, 12.4, 7.0, 2.1);
     };
     sculptor.turnWheel([lake](int c, int r) {
-        const double chain = std::max({21 * peak(c, r, 4.2, 14.4, 5.2), 17 * peak(c, r, 8.6, 16.4, 4.4),
-                                       12 * peak(c, r, 12.4, 15.6, 3.6), 16 * peak(c, r, 2.6, 10.4, 3.8)});
+        const double chain = std::max({26 * peak(c, r, 4.2, 14.4, 5.4), 21 * peak(c, r, 8.6, 16.4, 4.6),
+                                       15 * peak(c, r, 12.6, 15.6, 3.8), 19 * peak(c, r, 2.6, 10.4, 4)});
         const double hills = 9 * hill(c, r, 16.2, 14.4, 3.6) + 5 * hill(c, r, 17, 9.5, 2.4) +
-                             6 * hill(c, r, 5, 3.8, 3.6) + 3 * hill(c, r, 15.4, 2.6, 2.4);
-        const double knoll = 4 * hill(c, r, 11.8, 7.4, 2.2);
+                             6 * hill(c, r, 5, 3.8, 3.6) + 5 * hill(c, r, 16.6, 3.6, 2.8) +
+                             4 * hill(c, r, 9.8, 2.4, 2.6);
+        const double knoll = 7 * hill(c, r, 12.4, 7.0, 2.4);
         const double rough = chain > 2 ? 2.2 * roll(c, r, 1.2) : 0.6 * roll(c, r, 2.2);
         const double open = std::min(1.0, fromEdge(c, r) / 1.5);
-        return lake(c, r) > 0.3 ? 0 : notches(chain + hills + knoll + rough * open);
+        const double slope = std::min(1.0, (fromEdge(c, r) + 0.4) / 3);
+        return lake(c, r) > 0.3 ? 0 : notches((chain + hills) * slope + knoll + rough * open);
     });
     sculptor.turnWheel([lake](int c, int r) {
         const double depth = lake(c, r);
@@ -88,7 +90,7 @@ void shapeIslands(Sculptor &sculptor) {
         // A sickle around a bay, a long ridge, a steep cone, a low double island and a rock in the middle.
         const double sickle = std::max({ridge(c, r, 2.5, 5.5, 4, 2.6, 2.1), ridge(c, r, 4, 2.6, 7, 3, 1.9),
                                         0.8 * ridge(c, r, 2.5, 5.5, 4, 7.6, 1.9)});
-        const double spine = ridge(c, r, 12.5, 16.6, 16.6, 12.6, 2.3);
+        const double spine = ridge(c, r, 11.6, 16.2, 16.8, 14.6, 2.4);
         const double cone = peak(c, r, 15.2, 4.8, 3.4);
         const double twins = std::max(hill(c, r, 3.6, 13.4, 2.4), 0.9 * hill(c, r, 5.8, 16, 2.5));
         const double rock = 0.9 * hill(c, r, 9.6, 9.6, 2);
@@ -137,7 +139,8 @@ void shapePass(Sculptor &sculptor) {
                                        13 * peak(c, r, 14, 2.8, 3.4), 12 * peak(c, r, 16.4, 17, 3)});
         const double saddle = 4 * hill(c, r, way, 9.5, 5);
         const double crags = 4 * (peaks > 3 ? 1 : 0.2) * roll(c, r, 1.1);
-        return notches(peaks * open + saddle + open * crags * std::min(1.0, fromEdge(c, r) / 2));
+        const double slope = std::min(1.0, (fromEdge(c, r) + 0.3) / 2.6);
+        return notches(peaks * open * slope + saddle + open * crags * std::min(1.0, fromEdge(c, r) / 2));
     });
     sculptor.turnWheel([](int c, int r) {
         const double tarn = std::max(hill(c, r, 10.4, 3.6, 2), hill(c, r, 8.6, 16, 1.7));
@@ -153,7 +156,8 @@ void shapeGorge(Sculptor &sculptor) {
         const double valley = 2.6 - 3 * ridge(c, r, 10, 9, 17.5, 13, 1.7);
         const double away = std::min(std::abs(c - gorge) + 0.5 * roll(c, r, 3), valley < 2.6 ? valley : 9.0);
         // Up from the gorge and down to the map's edge by the same steps.
-        const double edge = fromEdge(c, r) + 0.8 * roll(c + 9, r, 3.2);
+        const double edge =
+            9.9 - std::pow(std::pow(c - 9.5, 4) + std::pow(r - 9.5, 4), 0.25) + 1.2 * roll(c + 9, r, 3);
         const auto step = [](double distance, double first, double width) {
             return distance < first ? 0.0 : std::min(3.0, 1 + std::floor((distance - first) / width));
         };
@@ -176,7 +180,7 @@ void shapeMeadow(Sculptor &sculptor) {
     });
     sculptor.turnWheel([lakes](int c, int r) {
         const double depth = lakes(c, r);
-        return depth > 0.3 ? -notches(6 + 15 * depth) : 0;
+        return depth > 0.3 ? -notches(4 + 10 * depth) : 0;
     });
     sculptor.erodeTimes(4);
 }

@@ -2,6 +2,7 @@
 
 #include "environment/MipmappedTexture.h"
 #include "environment/OpenGLSetup.h"
+#include "environment/SharedTextures.h"
 #include "environment/SkyBox.h"
 #include "environment/SurroundingsLists.h"
 #include "map/math/Vec3.h"
@@ -54,10 +55,12 @@ BackgroundRenderer::~BackgroundRenderer() {
     if (firstList != 0) {
         glDeleteLists(firstList, listCount);
     }
-    glDeleteTextures(1, &groundTextureObject);
-    glDeleteTextures(1, &waterTextureObject);
-    glDeleteTextures(1, &skyTextures.cubeMap);
-    glDeleteTextures(static_cast<GLsizei>(skyTextures.faces.size()), skyTextures.faces.data());
+    releaseTexture(groundTextureObject);
+    releaseTexture(waterTextureObject);
+    releaseTexture(skyTextures.cubeMap);
+    for (GLuint &face : skyTextures.faces) {
+        releaseTexture(face);
+    }
 }
 
 void BackgroundRenderer::setMapSize(int newDensity, int newDimension) {

@@ -2,9 +2,13 @@
 
 #include "environment/CubeMapSupport.h"
 #include "environment/GLErrors.h"
-#include "environment/TextureUpload.h"
+#include "environment/SharedTextures.h"
+
+#include <QLoggingCategory>
 
 namespace {
+
+Q_LOGGING_CATEGORY(texturesLog, "druvelk.textures", QtInfoMsg)
 
 struct Face {
     const char *suffix;
@@ -19,10 +23,10 @@ constexpr std::array<Face, 6> faceTable{{{"_negx", GL_TEXTURE_CUBE_MAP_NEGATIVE_
                                          {"_negz", GL_TEXTURE_CUBE_MAP_NEGATIVE_Z_ARB, true},
                                          {"_posz", GL_TEXTURE_CUBE_MAP_POSITIVE_Z_ARB, true}}};
 
-QImage readFace(std::size_t face, const QString &baseName) {
+PictureFile findFace(std::size_t face, const QString &baseName) {
     QString fileName = baseName;
     cubeFaceFileName(static_cast<int>(face), fileName);
-    return readGLImage(fileName);
+    return findPicture(fileName);
 }
 
 /// Filters of the texture bound to the target. Its edges are clamped: repeated, each would be
@@ -36,29 +40,46 @@ void setFilters(GLenum target, const char *checkedCall) {
     glTexParameteri(target, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
 }
 
-/// Uploads the picture, or empties the face once `complete` is false; clears `complete` for a null picture.
-void uploadFace(GLenum target, const QImage &picture, int mipmapComponents, bool &complete) {
-    complete = complete && !picture.isNull();
-    uploadWithMipmaps(target, complete ? picture : QImage(), mipmapComponents);
+/// A cube has square faces only: another picture is as none.
+QImage readCubeFace(const PictureFile &file) {
+    const QImage picture = readGLImage(file);
+    if (picture.width() == picture.height()) {
+        return picture;
+    }
+    qCWarning(texturesLog).noquote() << "not square, and so no face of a sky:" << file.asked;
+    return {};
+}
+
+/// Brings the face that belongs to `target` up to date with its file, or empties it once `complete` is
+/// false; clears `complete` where the file gives no picture.
+template <typename Read>
+void updateFace(GLenum target, const PictureFile &file, int components, PictureFile &shown, bool &complete,
+                Read read) {
+    const bool upToDate = complete ? shown == file && file.size >= 0 : shown.size < 0;
+    if (upToDate) {
+        return;
+    }
+    const QImage picture = complete ? read(file) : QImage();
+    complete = !picture.isNull();
+    uploadWithoutMipmaps(target, picture, components);
     checkGLError("glTexImage2D", "GL error");
+    shown = complete ? file : PictureFile();
 }
 
 bool loadCubeMap(GLuint &name, const QString &baseName) {
+    std::vector<PictureFile> files;
+    for (std::size_t face = 0; face < faceTable.size(); ++face) {
+        files.push_back(findFace(face, baseName));
+    }
     glPushAttrib(GL_ENABLE_BIT);
     glEnable(GL_TEXTURE_CUBE_MAP_ARB);
     glDisable(GL_TEXTURE_1D);
     glDisable(GL_TEXTURE_2D);
-    if (name == 0) {
-        glGenTextures(1, &name);
-    }
-    glBindTexture(GL_TEXTURE_CUBE_MAP_ARB, name);
+    std::vector<PictureFile> &shown = shareTexture(name, TextureKind::CubeMap, files);
     setFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
     bool complete = true;
     for (std::size_t face = 0; face < faceTable.size(); ++face) {
-        const QImage picture = complete ? readFace(face, baseName) : QImage();
-        // A cube has square faces only.
-        complete = complete && picture.width() == picture.height();
-        uploadFace(faceTable[face].target, picture, 4, complete);
+        updateFace(faceTable[face].target, files[face], 4, shown[face], complete, readCubeFace);
     }
     glDisable(GL_TEXTURE_CUBE_MAP_ARB);
     glPopAttrib();
@@ -69,18 +90,16 @@ bool loadWalls(std::array<GLuint, 6> &names, const QString &baseName) {
     glPushAttrib(GL_ENABLE_BIT);
     glDisable(GL_TEXTURE_1D);
     glEnable(GL_TEXTURE_2D);
-    if (names[0] == 0) {
-        glGenTextures(static_cast<GLsizei>(names.size()), names.data());
-    }
     bool complete = true;
     for (std::size_t face = 0; face < faceTable.size(); ++face) {
         if (!faceTable[face].wall) {
             continue;
         }
-        glBindTexture(GL_TEXTURE_2D, names[face]);
+        const PictureFile file = findFace(face, baseName);
+        PictureFile &shown = shareTexture(names[face], TextureKind::Wall, {file}).front();
         setFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
-        const QImage picture = complete ? readFace(face, baseName) : QImage();
-        uploadFace(GL_TEXTURE_2D, picture, 3, complete);
+        updateFace(GL_TEXTURE_2D, file, 3, shown, complete,
+                   [](const PictureFile &wall) { return readGLImage(wall); });
     }
     glPopAttrib();
     return complete;

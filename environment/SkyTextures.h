@@ -4,8 +4,8 @@
 #include <QString>
 #include <array>
 
-/// The OpenGL names of a sky: one cube map, or six pictures where cube maps are not available.
-/// 0 stands for "none yet". The faces stand in the order negx, posx, negy, posy, negz, posz.
+/// The OpenGL names of a sky: one cube map, or a picture for each wall where cube maps are not available.
+/// 0 stands for "none". The faces stand in the order negx, posx, negy, posy, negz, posz.
 struct SkyTextures {
     GLuint cubeMap = 0;
     std::array<GLuint, 6> faces{};
@@ -16,8 +16,8 @@ struct SkyTextures {
 bool cubeFaceFileName(int face, QString &name);
 
 /// Reads the faces of the sky with that base file name (UTF-8) into the cube map, or, where there
-/// are no cube maps, the four walls (negx, posx, negz, posz) into pictures of their own. Names are
-/// made once and used again. False where a face cannot be read: it and those after it become
-/// empty, so that nothing of an earlier sky shows. A null name gives false and touches nothing.
-/// Needs a current context; OpenGL errors go to checkGLError.
+/// are no cube maps, the four walls (negx, posx, negz, posz) into pictures of their own; a face whose file
+/// is still what the texture shows is not read. Names are shared, see shareTexture. False where a face
+/// cannot be read: it and those after it become empty, so that nothing of an earlier sky shows. A null
+/// name gives false and touches nothing. Needs a current context; OpenGL errors go to checkGLError.
 bool loadSkyTextures(SkyTextures &sky, const char *baseName);

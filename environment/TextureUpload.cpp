@@ -4,12 +4,17 @@
 
 #include <GL/gl.h>
 #include <GL/glu.h>
+#include <QFileInfo>
+#include <QImageReader>
 #include <QLoggingCategory>
+#include <QSet>
 #include <algorithm>
+#include <bit>
+#include <utility>
 
 namespace {
 
-Q_LOGGING_CATEGORY(texturesLog, "druvelk.textures")
+Q_LOGGING_CATEGORY(texturesLog, "druvelk.textures", QtInfoMsg)
 
 GLint largestSide(GLenum target) {
     GLint side = 0;
@@ -25,22 +30,75 @@ void emptyLevels(GLenum target) {
     }
 }
 
+/// No card's textures are longer. Of the area, the image class takes no more in four bytes a texel; in one
+/// byte or one bit it would, and the conversion would cost gigabytes.
+constexpr int longestSide = 32768;
+constexpr qint64 mostTexels = qint64{8192} * 4096;
+
+/// By its header: decoding would take the memory already.
+bool isTooLarge(const QSize &size) {
+    return std::max(size.width(), size.height()) > longestSide ||
+           qint64{size.width()} * size.height() > mostTexels;
+}
+
+QImage decode(const QString &path) {
+    qCDebug(texturesLog).noquote() << "reading" << path;
+    QImageReader reader(path);
+    const QSize size = reader.size();
+    return isTooLarge(size) ? QImage() : reader.read();
+}
+
+QSet<QString> &unreadablePictures() {
+    static QSet<QString> names;
+    return names;
+}
+
+bool isPowerOfTwo(int side) {
+    return std::has_single_bit(static_cast<unsigned>(side));
+}
+
 } // namespace
 
-QImage toGLImage(const QImage &image) {
+PictureFile findPicture(const QString &fileName) {
+    PictureFile file;
+    file.asked = fileName;
+    if (fileName.isEmpty()) {
+        return file;
+    }
+    const QFileInfo info(existingPath(fileName));
+    file.path = info.absoluteFilePath();
+    if (info.isFile()) {
+        file.size = info.size();
+        file.modified = info.lastModified().toMSecsSinceEpoch();
+        file.changed = info.metadataChangeTime().toMSecsSinceEpoch();
+    }
+    return file;
+}
+
+// Both steps work in place: a large picture is held once.
+QImage toGLImage(QImage image) {
     if (image.isNull()) {
         return {};
     }
-    return image.convertToFormat(QImage::Format_RGBA8888).mirrored(false, true);
+    image.convertTo(QImage::Format_RGBA8888);
+    return std::move(image).mirrored(false, true);
+}
+
+QImage readGLImage(const PictureFile &file) {
+    QImage image = file.size < 0 ? QImage() : decode(file.path);
+    if (image.isNull() && !unreadablePictures().contains(file.asked)) {
+        unreadablePictures().insert(file.asked);
+        qCWarning(texturesLog).noquote() << "cannot read the picture" << file.asked;
+    }
+    return toGLImage(std::move(image));
 }
 
 QImage readGLImage(const QString &fileName) {
-    // An empty name is no file; the image class would complain about it a second time.
-    const QImage image = fileName.isEmpty() ? QImage() : QImage(existingPath(fileName));
-    if (image.isNull()) {
-        qCWarning(texturesLog).noquote() << "cannot read the picture" << fileName;
-    }
-    return toGLImage(image);
+    return readGLImage(findPicture(fileName));
+}
+
+void forgetUnreadablePictures() {
+    unreadablePictures().clear();
 }
 
 void uploadWithMipmaps(unsigned int target, const QImage &glImage, int mipmapComponents) {
@@ -48,12 +106,16 @@ void uploadWithMipmaps(unsigned int target, const QImage &glImage, int mipmapCom
         emptyLevels(target);
         return;
     }
+    gluBuild2DMipmaps(target, mipmapComponents, glImage.width(), glImage.height(), GL_RGBA, GL_UNSIGNED_BYTE,
+                      glImage.constBits());
+}
+
+void uploadWithoutMipmaps(unsigned int target, const QImage &glImage, int components) {
     const int width = glImage.width();
     const int height = glImage.height();
-    // A larger picture would be an error; the mipmaps are made from a smaller copy of it.
-    if (std::max(width, height) <= largestSide(target)) {
-        glTexImage2D(target, 0, 3, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, glImage.constBits());
+    if (isPowerOfTwo(width) && isPowerOfTwo(height) && std::max(width, height) <= largestSide(target)) {
+        glTexImage2D(target, 0, components, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, glImage.constBits());
+    } else {
+        uploadWithMipmaps(target, glImage, components);
     }
-    gluBuild2DMipmaps(target, mipmapComponents, width, height, GL_RGBA, GL_UNSIGNED_BYTE,
-                      glImage.constBits());
 }

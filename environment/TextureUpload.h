@@ -3,14 +3,42 @@
 #include <QImage>
 #include <QString>
 
-/// The image in OpenGL's layout: 32-bit RGBA, rows bottom-up, tightly packed. A null image stays null.
-QImage toGLImage(const QImage &image);
+/// A picture's file as it was found, without regard to letter case. Equal where a later look found the same
+/// file, unchanged.
+struct PictureFile {
+    QString asked;       ///< As it was asked for.
+    QString path;        ///< Absolute.
+    qint64 size = -1;    ///< In bytes; −1 where there is no regular file.
+    qint64 modified = 0; ///< With `changed` (its contents or its entry): milliseconds since 1970.
+    qint64 changed = 0;
 
-/// Reads an image file, found without regard to letter case, and converts it with toGLImage. A file that
-/// cannot be read gives a null image, and its name goes to the logging category "druvelk.textures".
+    friend bool operator==(const PictureFile &a, const PictureFile &b) {
+        return a.path == b.path && a.size == b.size && a.modified == b.modified && a.changed == b.changed;
+    }
+};
+
+PictureFile findPicture(const QString &fileName);
+
+/// The image in OpenGL's layout: 32-bit RGBA, rows bottom-up, tightly packed. A null image stays null.
+QImage toGLImage(QImage image);
+
+/// Reads a picture in OpenGL's layout. One that cannot be read, is no regular file, or is larger by its
+/// header than a card takes gives a null image, and its name goes to the logging category
+/// "druvelk.textures", as a warning, once until forgetUnreadablePictures. Every file that is opened is
+/// named there for debugging.
+QImage readGLImage(const PictureFile &file);
+
+/// The same for a file's name, found without regard to letter case.
 QImage readGLImage(const QString &fileName);
+
+/// Call when a set-up is over: a picture that still cannot be read in the next is named once more.
+void forgetUnreadablePictures();
 
 /// Specifies level 0 of the texture bound to `target` (a 2-D target or a face of a cube map) and
 /// its mipmap chain, from an image of toGLImage. `mipmapComponents` is 3 or 4. A null image
 /// empties every level, so that nothing of an earlier picture shows. Needs a current context.
 void uploadWithMipmaps(unsigned int target, const QImage &glImage, int mipmapComponents = 3);
+
+/// The same for a texture whose filters use no mipmaps: level 0 alone, and others only where scaling to
+/// sides that are powers of two brings them along.
+void uploadWithoutMipmaps(unsigned int target, const QImage &glImage, int components);

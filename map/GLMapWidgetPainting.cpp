@@ -1,5 +1,6 @@
 #include "environment/BackgroundNode.h"
 #include "environment/GLErrors.h"
+#include "environment/TextureUpload.h"
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
 #include "scene/LevelDocument.h"
@@ -145,6 +146,7 @@ void GLMapWidget::setUpPreview() {
     beginGLErrorSetUp();
     setLightAndFog();
     document->root.initGL();
+    forgetUnreadablePictures();
     if (document->mesh != nullptr) {
         document->mesh->computeNormals();
     }

@@ -1,5 +1,6 @@
 #include "environment/MipmappedTexture.h"
 #include "environment/OpenGLSetup.h"
+#include "environment/SharedTextures.h"
 #include "map/TerrainMesh.h"
 
 namespace {
@@ -19,9 +20,7 @@ TerrainMesh::~TerrainMesh() {
     if (!hasCurrentGLContext()) {
         return;
     }
-    if (textureObject != 0) {
-        glDeleteTextures(1, &textureObject);
-    }
+    releaseTexture(textureObject);
     if (firstList != 0) {
         glDeleteLists(firstList, static_cast<GLsizei>(recorded.size()));
     }

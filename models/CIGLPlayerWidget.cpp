@@ -1,6 +1,7 @@
 #include "models/CIGLPlayerWidget.h"
 
 #include "environment/OpenGLSetup.h"
+#include "environment/TextureUpload.h"
 #include "models/Md2Model.h"
 
 #include <GL/gl.h>
@@ -120,6 +121,7 @@ void CIGLPlayerWidget::resizeGL(int width, int height) {
 void CIGLPlayerWidget::paintGL() {
     if (reloadPending) {
         initializeGL();
+        forgetUnreadablePictures();
         reloadPending = false;
     }
     // The toolkit sets a viewport of its own before each paint, cut down where the frame buffer is

@@ -1,6 +1,7 @@
 # Tests of environment/, one line each: druvelk_test(environment/NameOfTest)
 druvelk_test(environment/BackgroundNodeTest)
 druvelk_test(environment/GLErrorsTest)
+druvelk_test(environment/SharedTexturesTest)
 druvelk_test(environment/SkyTest)
 druvelk_test(environment/SurroundingsTest)
 
@@ -10,3 +11,4 @@ add_test(NAME SkyWithoutCubeMapsTest COMMAND SkyTest
 set_tests_properties(SkyWithoutCubeMapsTest PROPERTIES
   TIMEOUT 300 ENVIRONMENT "MESA_EXTENSION_OVERRIDE=-GL_ARB_texture_cube_map")
 druvelk_test(environment/PathLookupTest)
+druvelk_test_again(SharedTexturesTest WithoutCubeMaps MESA_EXTENSION_OVERRIDE=-GL_ARB_texture_cube_map)

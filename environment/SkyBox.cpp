@@ -12,7 +12,8 @@ struct Corner {
     float z;
 };
 
-/// Four corners, counter-clockwise as the eye in the middle of the floor sees them.
+/// Four corners, counter-clockwise as the eye in the middle of the floor sees them; of an upright side the
+/// two in the middle are the lower ones.
 using Side = std::array<Corner, 4>;
 
 constexpr Side positiveX{{{1, 2, -1}, {1, 0, -1}, {1, 0, 1}, {1, 2, 1}}};
@@ -21,6 +22,20 @@ constexpr Side top{{{-1, 2, 1}, {-1, 2, -1}, {1, 2, -1}, {1, 2, 1}}};
 constexpr Side bottom{{{-1, 0, -1}, {-1, 0, 1}, {1, 0, 1}, {1, 0, -1}}};
 constexpr Side positiveZ{{{1, 2, 1}, {1, 0, 1}, {-1, 0, 1}, {-1, 2, 1}}};
 constexpr Side negativeZ{{{-1, 2, -1}, {-1, 0, -1}, {1, 0, -1}, {1, 2, -1}}};
+
+/// The same side as far below the floor as it stands above.
+constexpr Side below(const Side &side) {
+    Side result{};
+    for (std::size_t i = 0; i < side.size(); ++i) {
+        const Corner &corner = side[side.size() - 1 - i];
+        result[i] = {corner.x, -corner.y, corner.z};
+    }
+    return result;
+}
+
+constexpr std::array<Side, 11> sides{
+    positiveX,        negativeX,        top,        bottom,           positiveZ,       negativeZ,
+    below(positiveX), below(negativeX), below(top), below(positiveZ), below(negativeZ)};
 
 constexpr float boxSize = 10; ///< Beyond the near plane; depth is not written.
 
@@ -33,23 +48,35 @@ void drawSideByNormals(const Side &side) {
     glEnd();
 }
 
-void drawWall(const Side &side, GLuint picture) {
-    constexpr std::array<std::array<float, 2>, 4> pictureCorners{{{1, 1}, {1, 0}, {0, 0}, {0, 1}}};
-    glBindTexture(GL_TEXTURE_2D, picture);
-    glBegin(GL_QUADS);
-    for (std::size_t i = 0; i < side.size(); ++i) {
-        glTexCoord2f(pictureCorners[i][0], pictureCorners[i][1]);
-        glVertex3f(side[i].x, side[i].y, side[i].z);
-    }
-    glEnd();
-}
-
 void setFilters(GLenum target, const char *checkedCall) {
     glTexParameterf(target, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     checkGLError(checkedCall, "GL error");
     glTexParameterf(target, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     checkGLError(checkedCall, "GL error");
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+}
+
+/// A wall with the middle of its picture at the eye's height, and its quarter of the floor, over which the
+/// picture's lowest row goes on.
+void drawWall(const Side &side, GLuint picture) {
+    constexpr std::array<std::array<float, 2>, 4> pictureCorners{{{1, 1}, {1, 0}, {0, 0}, {0, 1}}};
+    constexpr float sunk = 1;
+    glBindTexture(GL_TEXTURE_2D, picture);
+    setFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
+    const auto send = [&](std::size_t i) {
+        glTexCoord2f(pictureCorners[i][0], pictureCorners[i][1]);
+        glVertex3f(side[i].x, side[i].y - sunk, side[i].z);
+    };
+    glBegin(GL_QUADS);
+    for (std::size_t i = 0; i < side.size(); ++i) {
+        send(i);
+    }
+    glEnd();
+    glBegin(GL_TRIANGLES);
+    send(2);
+    send(1);
+    glTexCoord2f(0.5F, 0);
+    glVertex3f(0, -sunk, 0);
+    glEnd();
 }
 
 /// Texture coordinates follow the normals, which in this box point at the eye.
@@ -73,8 +100,8 @@ void drawSidesTurned(const Matrix4 &skyRotation) {
     glPushMatrix();
     glLoadIdentity();
     multiplyIntoGL(viewToWorld);
-    for (const Side *side : {&positiveX, &negativeX, &top, &bottom, &positiveZ, &negativeZ}) {
-        drawSideByNormals(*side);
+    for (const Side &side : sides) {
+        drawSideByNormals(side);
     }
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
@@ -96,6 +123,7 @@ void drawCubeMap(GLuint cubeMap, const Matrix4 &skyRotation) {
     glDepthMask(GL_FALSE);
     generateCoordinatesFromNormals();
     setFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     drawSidesTurned(skyRotation);
     glDisable(GL_TEXTURE_GEN_S);
     glDisable(GL_TEXTURE_GEN_T);
@@ -113,7 +141,7 @@ void drawWalls(const std::array<GLuint, 6> &faces, const Matrix4 &skyRotation) {
     glDisable(GL_TEXTURE_1D);
     glEnable(GL_TEXTURE_2D);
     glDepthMask(GL_FALSE);
-    setFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     glPushMatrix();
     glLoadIdentity();
     Matrix4 worldToView = skyRotation;

@@ -50,6 +50,29 @@ std::array<Quad, 8> groundFrame(const SurroundingsSize &size) {
              {{{-h, -far, 1, 0}, {-far, -far, 0, 0}, {-far, -h, 0, 1}, {-h, -h, 1, 1}}}}};
 }
 
+/// Where one quad's side runs past another's corner the two do not meet in every pixel. Strips below those
+/// joints, each with the picture of a quad beside it going on, are what shows there.
+std::array<Quad, 4> groundLining(const SurroundingsSize &size) {
+    constexpr float w = 2;
+    const auto h = static_cast<float>(halfOf(size));
+    const float far = 2.0F * static_cast<float>(size.dimension);
+    const float in = h - pointSpacing(size);
+    const float over = h > 0 ? w / (2 * h) : 0;
+    const auto alongX = [=](float z, float t) -> Quad {
+        return {{{in, z - w, 0, t - over},
+                 {in, z + w, 0, t + over},
+                 {far, z + w, 1, t + over},
+                 {far, z - w, 1, t - over}}};
+    };
+    const auto alongZ = [=](float x, float s) -> Quad {
+        return {{{x - w, in, s - over, 0},
+                 {x - w, far, s - over, 1},
+                 {x + w, far, s + over, 1},
+                 {x + w, in, s + over, 0}}};
+    };
+    return {alongX(h, 1), alongX(-h, 0), alongZ(h, 1), alongZ(-h, 0)};
+}
+
 } // namespace
 
 void compileGroundList(GLuint list, const SurroundingsSize &size) {
@@ -60,6 +83,13 @@ void compileGroundList(GLuint list, const SurroundingsSize &size) {
     for (const Quad &quad : groundFrame(size)) {
         drawQuad(quad);
     }
+    glPushAttrib(GL_POLYGON_BIT);
+    glPolygonOffset(1, 4); // Behind the frame, in whose plane they lie.
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    for (const Quad &quad : groundLining(size)) {
+        drawQuad(quad);
+    }
+    glPopAttrib();
     glEndList();
 }
 

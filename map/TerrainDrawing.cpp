@@ -1,7 +1,7 @@
 #include "environment/MipmappedTexture.h"
 #include "environment/OpenGLSetup.h"
 #include "environment/SharedTextures.h"
-#include "map/TerrainMesh.h"
+#include "map/TerrainEdge.h"
 
 namespace {
 
@@ -12,6 +12,27 @@ void send(const TerrainVertex &vertex) {
     glNormal3fv(&vertex.normal.x);
     glTexCoord3fv(&vertex.texture.x);
     glVertex3fv(&vertex.position.x);
+}
+
+void sendStrip(const std::vector<TerrainVertex> &strip) {
+    glBegin(GL_TRIANGLE_STRIP);
+    for (const TerrainVertex &vertex : strip) {
+        send(vertex);
+    }
+    glEnd();
+}
+
+/// The lining lies in the plane of the ground frame, and must not show where that does.
+void sendEdge(const TerrainMesh &terrain) {
+    constexpr float slopesBack = 1;
+    constexpr float stepsBack = 4;
+    const TerrainEdge edge = terrainEdge(terrain);
+    sendStrip(edge.wall);
+    glPushAttrib(GL_POLYGON_BIT);
+    glPolygonOffset(slopesBack, stepsBack);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    sendStrip(edge.lining);
+    glPopAttrib();
 }
 
 } // namespace
@@ -81,6 +102,9 @@ void TerrainMesh::sendStrips() const {
             send(vertices[(row + 1) * n + column]);
         }
         glEnd();
+    }
+    if (wired == 0) {
+        sendEdge(*this);
     }
 }
 

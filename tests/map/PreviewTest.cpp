@@ -61,28 +61,6 @@ private slots:
         QCOMPARE(probe->picture(), first);
     }
 
-    void theSkyFollowsTheDay_data() {
-        QTest::addColumn<int>("dayTime");
-        QTest::addColumn<float>("red");
-        QTest::addColumn<float>("blue");
-        QTest::newRow("sunrise") << 30 << 0.65F << 0.3F;
-        QTest::newRow("noon") << 70 << 1.0F << 1.0F;
-        QTest::newRow("afternoon") << 111 << 0.8F << 0.6F;
-        QTest::newRow("night") << 171 << 0.1F << 0.3F;
-    }
-
-    void theSkyFollowsTheDay() {
-        QFETCH(int, dayTime);
-        QFETCH(float, red);
-        QFETCH(float, blue);
-        level().dayTime = dayTime;
-        level().updateSkyTint();
-        probe->look();
-        const QColor sky = probe->at(QPoint(250, 5));
-        QVERIFY(std::abs(sky.red() - qRound(40 * red)) <= 2 &&
-                std::abs(sky.blue() - qRound(240 * blue)) <= 2);
-    }
-
     void slopesTowardTheSunAreBrighter() {
         probe->shape([](float x, float) { return 5 - std::abs(x - 20) * 0.25F; });
         level().dayTime = 50;
@@ -196,15 +174,6 @@ private slots:
         probe->look();
         QVERIFY(probe->at(20, 0, 20).red() > 120 && probe->at(20, 0, 20).green() == 0);
         QVERIFY(shows(probe->at(QPoint(250, 5)), 0, 0, 0));
-    }
-
-    void erosionShowsAtOnce() {
-        probe->shape([](float x, float z) { return std::hypot(x - 20, z - 20) < 3 ? 9.F : 0.F; });
-        probe->look();
-        const QImage cliffs = probe->picture();
-        view->erodeTerrain();
-        probe->look();
-        QVERIFY(probe->picture() != cliffs);
     }
 
     void anotherLevelOpensInThePreview() {

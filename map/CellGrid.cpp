@@ -127,15 +127,31 @@ void CellGrid::drawOverview() {
     glGetIntegerv(GL_VIEWPORT, viewport.data());
     glBindTexture(GL_TEXTURE_2D, tileTexture);
     glEnable(GL_TEXTURE_2D);
+    const auto centerX = [](const MapCell &cell) { return 0.95 - cellSize * (cell.index % cellsPerSide); };
+    const auto centerY = [](const MapCell &cell) { return -0.95 + cellSize * (cell.index / cellsPerSide); };
+    // The many cells without a player go in one call.
+    std::vector<CellCorner> corners;
+    corners.reserve(4 * cells.size());
     for (MapCell &cell : cells) {
-        const int column = cell.index % cellsPerSide;
-        const int row = cell.index / cellsPerSide;
+        if (cell.vacant) {
+            const auto picture =
+                cell.picture(static_cast<float>(centerX(cell)), static_cast<float>(centerY(cell)));
+            corners.insert(corners.end(), picture.begin(), picture.end());
+            continue;
+        }
         glPushMatrix();
         glLoadIdentity();
-        glTranslated(0.95 - cellSize * column, -0.95 + cellSize * row, 0);
+        glTranslated(centerX(cell), centerY(cell), 0);
         cell.draw();
         glPopMatrix();
     }
+    glPushMatrix();
+    glLoadIdentity();
+    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    glInterleavedArrays(GL_T2F_C3F_V3F, 0, corners.data());
+    glDrawArrays(GL_QUADS, 0, static_cast<GLsizei>(corners.size()));
+    glPopClientAttrib();
+    glPopMatrix();
 }
 
 std::optional<CellPosition> CellGrid::pickCell(int x, int y) const {

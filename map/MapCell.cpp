@@ -72,20 +72,27 @@ void MapCell::place(CharacterNode *newPlayer) {
     player->cell = index;
 }
 
-void MapCell::draw() {
-    corners = square(static_cast<float>(halfSize));
+std::array<CellCorner, 4> MapCell::picture(float centerX, float centerY) {
     constexpr std::array<std::array<float, 2>, 4> pictureCorners{
         {{margin, margin}, {1 - margin, margin}, {1 - margin, 1 - margin}, {margin, 1 - margin}}};
-    glPushMatrix();
-    if (selected) {
-        glColor3f(color[0] - 0.4F, color[1] + 0.5F, color[2] + 0.5F);
-    } else {
-        glColor3fv(color.data());
-    }
-    glBegin(GL_POLYGON);
+    corners = square(static_cast<float>(halfSize));
+    const std::array<float, 3> shown =
+        selected ? std::array{color[0] - 0.4F, color[1] + 0.5F, color[2] + 0.5F} : color;
+    std::array<CellCorner, 4> result{};
     for (std::size_t i = 0; i < corners.size(); ++i) {
-        glTexCoord2fv(pictureCorners[i].data());
-        glVertex3fv(&corners[i].x);
+        result[i] = {pictureCorners[i], shown, {centerX + corners[i].x, centerY + corners[i].y, 0}};
+    }
+    return result;
+}
+
+void MapCell::draw() {
+    glPushMatrix();
+    const std::array<CellCorner, 4> square = picture(0, 0);
+    glColor3fv(square[0].color.data());
+    glBegin(GL_POLYGON);
+    for (const CellCorner &corner : square) {
+        glTexCoord2fv(corner.picture.data());
+        glVertex3fv(&corner.position.x);
     }
     glEnd();
     if (!vacant && player->active) {

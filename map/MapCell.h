@@ -6,6 +6,13 @@
 
 class CharacterNode;
 
+/// A corner of a cell's picture, laid out as OpenGL's GL_T2F_C3F_V3F.
+struct CellCorner {
+    std::array<float, 2> picture;
+    std::array<float, 3> color;
+    Vec3 position;
+};
+
 /// One of the overview's 400 cells. Its colour shows the height level it was set to.
 class MapCell {
 public:
@@ -25,6 +32,9 @@ public:
     void showHeight(float height);
 
     void setColor(float r, float g, float b) { color = {r, g, b}; }
+
+    /// The cell without its player, around a centre on the overview's plane.
+    std::array<CellCorner, 4> picture(float centerX, float centerY);
 
     /// Draws the cell and its player around the modelview's origin. Forgets a player that has
     /// moved to another cell. Needs a current OpenGL context.

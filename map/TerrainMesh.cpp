@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 void TerrainTriangle::updateNormal() {
     const auto minus = [](const Vec3 &p, const Vec3 &q) { return Vec3{p.x - q.x, p.y - q.y, p.z - q.z}; };
@@ -25,6 +26,7 @@ void TerrainMesh::setSize(int newDimension, int newDensity) {
 void TerrainMesh::clear() {
     triangles.clear();
     vertices.clear();
+    normalHeights.clear();
     builtPointsPerSide = 0;
     markChanged();
 }
@@ -93,7 +95,22 @@ const Vec3 &TerrainMesh::faceNormal(int quadRow, int quadColumn, int half) const
         .normal;
 }
 
+/// Whether the heights are those that the normals were last computed from; remembers them.
+bool TerrainMesh::normalsAreOfTheseHeights() {
+    normalHeights.resize(vertices.size(), std::numeric_limits<float>::quiet_NaN());
+    bool same = true;
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const float height = vertices[i].position.y;
+        same = same && normalHeights[i] == height;
+        normalHeights[i] = height;
+    }
+    return same;
+}
+
 void TerrainMesh::computeNormals() {
+    if (normalsAreOfTheseHeights()) {
+        return;
+    }
     for (TerrainTriangle &triangle : triangles) {
         triangle.updateNormal();
     }

@@ -65,7 +65,7 @@ public:
     void setHeights(const TerrainHeights &heights);
 
     /// Recomputes every face normal, then the vertex normals of rows 1 to N − 2 (sums of the face
-    /// normals around a point, not normalised).
+    /// normals around a point, not normalised). Costs little where the heights did not change.
     void computeNormals();
 
     /// The heights changed: what was recorded for drawing is recorded anew at the next draw.
@@ -77,7 +77,8 @@ public:
     /// The number of points per side a size asks for; 0 where it is out of range.
     static int pointsPerSideOf(int dimension, int density);
 
-    /// Draws the surface or the wire frame. Needs a current OpenGL context.
+    /// Draws the surface, whose border walls join to height 0, or the wire frame. Needs a current OpenGL
+    /// context.
     void draw();
 
     /// Makes or refreshes the texture object. Needs a current OpenGL context.
@@ -90,6 +91,7 @@ protected:
 private:
     void buildVertices(const std::function<float()> &nextHeight);
     void buildTriangles();
+    bool normalsAreOfTheseHeights();
     bool updateVertexNormals();
     const Vec3 &faceNormal(int quadRow, int quadColumn, int half) const;
     void drawStrips();
@@ -97,6 +99,7 @@ private:
 
     int builtPointsPerSide = 0;
     int builtDensity = 0;
-    GLuint firstList = 0;           ///< Recorded strips: the surface, then the wire frame.
-    std::array<bool, 2> recorded{}; ///< Which of the two lists hold the grid as it is.
+    std::vector<float> normalHeights; ///< What the normals were last computed from.
+    GLuint firstList = 0;             ///< Recorded strips: the surface, then the wire frame.
+    std::array<bool, 2> recorded{};   ///< Which of the two lists hold the grid as it is.
 };

@@ -5,6 +5,9 @@
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <cstdio>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -28,9 +31,20 @@ QString missingIn(const QOpenGLContext &context) {
     return {};
 }
 
+/// Blocks of a picture's size go back to the system when they are freed. Left to itself the allocator
+/// raises the threshold with the first such block, and keeps what lies between the next ones for ever.
+void giveLargeBlocksBack() {
+#ifdef __GLIBC__
+    constexpr int bytes = 1 << 18;
+    mallopt(M_MMAP_THRESHOLD, bytes);
+    mallopt(M_TRIM_THRESHOLD, bytes);
+#endif
+}
+
 } // namespace
 
 void prepareApplication() {
+    giveLargeBlocksBack();
     // One name space for textures and display lists across the window and its dialogs.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setAttribute(Qt::AA_UseDesktopOpenGL);

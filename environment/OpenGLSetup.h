@@ -3,7 +3,8 @@
 #include <QString>
 #include <QSurfaceFormat>
 
-/// Sets what the toolkit must know before the application object exists. Every main() calls it first.
+/// Sets what the toolkit and the allocator must know before the application object exists. Every main()
+/// calls it first.
 void prepareApplication();
 
 /// The surface every OpenGL widget of the program asks for: version 2.1 in the compatibility

@@ -49,6 +49,13 @@ void restart(Md2Model &model) {
     model.speed = 2;
 }
 
+/// With smooth outlines where the driver can: nothing reads this view's depth back.
+QSurfaceFormat smoothFormat() {
+    QSurfaceFormat format = glSurfaceFormat();
+    format.setSamples(4);
+    return format;
+}
+
 /// Without this the window behind would shine through where the frame was cleared to no alpha.
 void makeFrameOpaque() {
     glPushAttrib(GL_COLOR_BUFFER_BIT);
@@ -62,7 +69,7 @@ void makeFrameOpaque() {
 
 CIGLPlayerWidget::CIGLPlayerWidget(QWidget *parent, const QString &name) : QOpenGLWidget(parent) {
     setObjectName(name);
-    setFormat(glSurfaceFormat());
+    setFormat(smoothFormat());
     refreshTimer_.setInterval(20);
     connect(&refreshTimer_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }

@@ -2,18 +2,23 @@
 // entering the preview costs. Needs a display with OpenGL.
 
 #include "bench/BenchView.h"
+#include "bench/LevelFloors.h"
 #include "bench/RatioTable.h"
 #include "bench/SampleLevel.h"
 #include "bench/TerrainNodes.h"
 #include "environment/BackgroundNode.h"
 #include "environment/OpenGLSetup.h"
+#include "environment/SharedTextures.h"
 #include "environment/SkyTextures.h"
 #include "environment/TextureUpload.h"
 
+#include <GL/glext.h>
 #include <QApplication>
 #include <QTemporaryDir>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -71,9 +76,14 @@ public:
             cubeFaceFileName(face, name);
             add(name);
         }
+        add(otherGround());
+        files.pop_back();
     }
 
     QString sky() const { return folder.filePath(QStringLiteral("mount.jpg")); }
+    QString otherGround() const { return folder.filePath(QStringLiteral("other.jpg")); }
+
+    static constexpr std::size_t surfaces = 3; ///< The rest of the files are faces.
 
     std::vector<QString> files; ///< Ground, water, terrain, then the faces of the sky.
 
@@ -99,6 +109,7 @@ public:
         level->background->groundTexture = pictures.files[0];
         level->background->waterTexture = pictures.files[1];
         level->background->cubeTexture = pictures.sky();
+        background = level->background;
         auto exchange = std::make_unique<Switch>();
         choice = exchange.get();
         auto &nodes = level->root.children;
@@ -133,9 +144,44 @@ public:
         view.drawFrame();
     }
 
-    void enter() {
+    void setUp() {
         view.setDirty(true);
         draw(shipped);
+    }
+
+    void changeGround() {
+        const bool another = background->groundTexture == pictures.files[0];
+        background->groundTexture = another ? pictures.otherGround() : pictures.files[0];
+        setUp();
+    }
+
+    /// As for the first time: no picture, no list, no normals are there yet.
+    void enter() {
+        releaseTexture(background->groundTextureObject);
+        releaseTexture(background->waterTextureObject);
+        releaseTexture(background->skyTextures.cubeMap);
+        releaseTexture(terrain().textureObject);
+        changeHeights();
+        terrain().markChanged();
+        setUp();
+    }
+
+    /// Normals are computed only of heights that changed.
+    void changeHeights() {
+        float &height = terrain().vertices.back().position.y;
+        height = -height - 1;
+    }
+
+    /// How aslant a surface may be seen and stay sharp; returns the largest ratio so far.
+    float setAnisotropy(float ratio) {
+        float before = 1;
+        for (const GLuint texture :
+             {background->groundTextureObject, background->waterTextureObject, terrain().textureObject}) {
+            glBindTexture(GL_TEXTURE_2D, texture);
+            glGetTexParameterfv(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, &before);
+            glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, ratio);
+        }
+        return before;
     }
 
     QImage image(Way way) {
@@ -148,6 +194,7 @@ public:
 private:
     BenchView view;
     Switch *choice = nullptr;
+    BackgroundNode *background = nullptr;
     std::unique_ptr<SceneNode> surroundings;
 };
 
@@ -177,26 +224,122 @@ void addDrawing(RatioTable &table, Stage &stage) {
                .timing = Timing::Wall});
 }
 
+void addSetUps(RatioTable &table, Stage &stage, GLuint texture) {
+    const auto whole = [&stage] { stage.setSurroundings(true); };
+    table.add({.name = "a set-up, no file changed",
+               .work = [&stage] { stage.setUp(); },
+               .floorName = "a frame",
+               .floor = [&stage] { stage.draw(shipped); },
+               .limit = 1.3,
+               .prepare = whole});
+    table.add({.name = "a set-up, another ground",
+               .work = [&stage] { stage.changeGround(); },
+               .floorName = "a frame, decoding and mipmaps of one picture",
+               .floor =
+                   [&stage, texture] {
+                       const QImage picture = readGLImage(stage.pictures.files[0]);
+                       glBindTexture(GL_TEXTURE_2D, texture);
+                       uploadWithMipmaps(GL_TEXTURE_2D, picture);
+                       stage.draw(shipped);
+                   },
+               .limit = 1.15,
+               .prepare = whole});
+}
+
+/// The same frame with other filters; the shipped one has a limit.
+void addFilters(RatioTable &table, Stage &stage) {
+    const float shippedRatio = stage.setAnisotropy(1);
+    stage.setAnisotropy(shippedRatio);
+    const auto frame = [&stage](float ratio) {
+        return [&stage, ratio] {
+            stage.setAnisotropy(ratio);
+            stage.draw(shipped);
+        };
+    };
+    for (const int ratio : {2, 4, 8, 16}) {
+        const auto wanted = static_cast<float>(ratio);
+        table.add({.name = "a frame, anisotropy " + std::to_string(ratio),
+                   .work = frame(wanted),
+                   .floorName = "a frame without",
+                   .floor = frame(1),
+                   .limit = wanted == shippedRatio ? 1.3 : 0,
+                   .prepare = [&stage] { stage.setSurroundings(true); }});
+    }
+}
+
+/// The means of four texels each, level by level, as plain loops.
+void uploadMeans(const QImage &image) {
+    int side = image.width();
+    std::vector<unsigned char> texels(image.constBits(), image.constBits() + image.sizeInBytes());
+    for (GLint level = 0; side > 0; ++level, side /= 2) {
+        glTexImage2D(GL_TEXTURE_2D, level, 3, side, side, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels.data());
+        const auto row = static_cast<std::size_t>(side) * 4;
+        unsigned char *to = texels.data();
+        for (int y = 0; y + 1 < side; y += 2) {
+            const unsigned char *from = texels.data() + static_cast<std::size_t>(y) * row;
+            for (int x = 0; x + 1 < side; x += 2, from += 4) {
+                for (int component = 0; component < 4; ++component, ++from) {
+                    *to++ =
+                        static_cast<unsigned char>((from[0] + from[4] + from[row] + from[row + 4] + 2) / 4);
+                }
+            }
+        }
+    }
+}
+
+/// What entering the preview for the first time consists of.
+constexpr std::array pieces{"entering: reading the pictures", "entering: mipmaps of three",
+                            "entering: six faces", "entering: list, and a frame", "entering: normals"};
+constexpr const char *entering = "entering, in all";
+
 void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &images, GLuint texture) {
-    table.add({.name = "entering: decoding",
+    const auto split = images.begin() + Pictures::surfaces;
+    table.add({.name = pieces[0],
                .work =
                    [&stage] {
                        for (const QString &file : stage.pictures.files) {
                            benchmark::DoNotOptimize(readGLImage(file));
                        }
                    },
-               .timing = Timing::Wall});
-    table.add({.name = "entering: mipmaps",
-               .work =
-                   [&images, texture] {
-                       glBindTexture(GL_TEXTURE_2D, texture);
-                       for (const QImage &image : images) {
-                           uploadWithMipmaps(GL_TEXTURE_2D, image);
+               .floorName = "the image library, in its own layout",
+               .floor =
+                   [&stage] {
+                       for (const QString &file : stage.pictures.files) {
+                           benchmark::DoNotOptimize(QImage(file));
                        }
+                   },
+               .limit = 1.3});
+    table.add({.name = pieces[1],
+               .work =
+                   [&images, split, texture] {
+                       glBindTexture(GL_TEXTURE_2D, texture);
+                       std::for_each(images.begin(), split,
+                                     [](const QImage &image) { uploadWithMipmaps(GL_TEXTURE_2D, image); });
                        glFinish();
                    },
-               .timing = Timing::Wall});
-    table.add({.name = "entering: list, and a frame",
+               .floorName = "loops over bytes, glTexImage2D",
+               .floor =
+                   [&images, split, texture] {
+                       glBindTexture(GL_TEXTURE_2D, texture);
+                       std::for_each(images.begin(), split, uploadMeans);
+                       glFinish();
+                   }});
+    table.add({.name = pieces[2],
+               .work =
+                   [&images, split, texture] {
+                       glBindTexture(GL_TEXTURE_2D, texture);
+                       std::for_each(split, images.end(), [](const QImage &image) {
+                           uploadWithoutMipmaps(GL_TEXTURE_2D, image, 4);
+                       });
+                       glFinish();
+                   },
+               .floorName = "copying their bytes",
+               .floor =
+                   [&images, split] {
+                       std::for_each(split, images.end(),
+                                     [](const QImage &image) { benchmark::DoNotOptimize(image.copy()); });
+                   }});
+    table.add({.name = pieces[3],
                .work =
                    [&stage] {
                        stage.terrain().markChanged();
@@ -204,15 +347,47 @@ void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &ima
                    },
                .floorName = "the frame alone",
                .floor = [&stage] { stage.draw(shipped); },
-               .prepare = [&stage] { stage.setSurroundings(true); },
-               .timing = Timing::Wall});
-    table.add({.name = "entering: normals",
-               .work = [&stage] { stage.terrain().computeNormals(); },
-               .timing = Timing::Wall});
-    table.add({.name = "entering, in all (guide: 500)",
+               .prepare = [&stage] { stage.setSurroundings(true); }});
+    table.add({.name = pieces[4],
+               .work =
+                   [&stage] {
+                       stage.changeHeights();
+                       stage.terrain().computeNormals();
+                   },
+               .floorName = "the same over plain arrays",
+               .floor =
+                   [&stage] {
+                       static std::vector<float> heights;
+                       static std::vector<Vec3> faces;
+                       static std::vector<Vec3> sums;
+                       heights.clear();
+                       faces.resize(stage.terrain().triangles.size());
+                       sums.resize(stage.terrain().vertices.size());
+                       for (const TerrainVertex &vertex : stage.terrain().vertices) {
+                           heights.push_back(vertex.position.y);
+                       }
+                       bareNormals(heights, dimension * density, 1.0F / density, faces, sums);
+                       benchmark::DoNotOptimize(sums.data());
+                   }});
+    table.add({.name = entering,
                .work = [&stage] { stage.enter(); },
-               .prepare = [&stage] { stage.setSurroundings(true); },
-               .timing = Timing::Wall});
+               .prepare = [&stage] { stage.setSurroundings(true); }});
+}
+
+/// Says how much of entering the preview the pieces account for; false where a tenth is left.
+bool allIsNamed(const RatioTable &table) {
+    const double whole = table.milliseconds(entering);
+    double named = 0;
+    for (const char *piece : pieces) {
+        const double time = table.milliseconds(piece);
+        if (whole <= 0 || time <= 0) {
+            return true; // not asked for
+        }
+        named += time;
+    }
+    std::printf("entering: %.1f of %.1f ms are named, %.0f %% are left\n", named, whole,
+                100 * (1 - named / whole));
+    return named > 0.9 * whole;
 }
 
 std::size_t differentBytes(const QImage &a, const QImage &b) {
@@ -252,18 +427,23 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     Stage stage;
     stage.setSurroundings(true);
-    stage.enter();
+    stage.setUp();
     std::vector<QImage> images;
     for (const QString &file : stage.pictures.files) {
         images.push_back(readGLImage(file));
     }
     GLuint texture = 0;
     glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
 
     RatioTable table;
     addDrawing(table, stage);
+    addFilters(table, stage);
+    addSetUps(table, stage, texture);
     addEntering(table, stage, images, texture);
     const int status = table.run(argc, argv);
+    const bool named = allIsNamed(table);
     const bool agree = picturesAgree(stage);
-    return agree ? status : 1;
+    return agree && named ? status : 1;
 }

@@ -78,7 +78,7 @@ Row measure(const RatioCase &measured) {
 /// Prints the row; false where the ratio is over its limit.
 bool print(const RatioCase &measured, const Row &row) {
     constexpr double milliseconds = 1e3;
-    std::printf("%-28s %10.3f", measured.name.c_str(), row.work * milliseconds);
+    std::printf("%-38s %10.3f", measured.name.c_str(), row.work * milliseconds);
     if (!measured.floor) {
         std::printf("\n");
         return true;
@@ -130,12 +130,19 @@ int RatioTable::run(int argc, char **argv) {
 
     const std::regex filter(benchmark::GetBenchmarkFilter());
     bool withinLimits = true;
-    std::printf("\n%-28s %10s %10s %7s %7s %-5s %s\n", "", "ms", "floor ms", "ratio", "limit", "", "floor");
+    std::printf("\n%-38s %10s %10s %7s %7s %-5s %s\n", "", "ms", "floor ms", "ratio", "limit", "", "floor");
     for (const RatioCase &measured : cases) {
         if (std::regex_search(measured.name, filter)) {
-            withinLimits = print(measured, measure(measured)) && withinLimits;
+            const Row row = measure(measured);
+            times[measured.name] = row.work;
+            withinLimits = print(measured, row) && withinLimits;
             std::fflush(stdout);
         }
     }
     return withinLimits ? 0 : 1;
+}
+
+double RatioTable::milliseconds(const std::string &name) const {
+    const auto found = times.find(name);
+    return found == times.end() ? 0 : found->second * 1e3;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,10 @@ public:
     /// table. The exit status: 0, 1 where a ratio is over its limit, 2 for an unknown option.
     int run(int argc, char **argv);
 
+    /// The median time of a row's work in milliseconds; 0 where the row was not run.
+    double milliseconds(const std::string &name) const;
+
 private:
     std::vector<RatioCase> cases;
+    std::map<std::string, double> times; ///< In seconds.
 };

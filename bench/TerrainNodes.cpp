@@ -1,6 +1,8 @@
 #define GL_GLEXT_PROTOTYPES
 #include "bench/TerrainNodes.h"
 
+#include "map/TerrainEdge.h"
+
 #include <GL/glext.h>
 #include <cstddef>
 
@@ -12,6 +14,20 @@ const void *bufferOffset(std::size_t bytes) {
 }
 
 } // namespace
+
+TerrainStandIn::~TerrainStandIn() {
+    glDeleteLists(edgeList, 1);
+}
+
+void TerrainStandIn::drawEdge() {
+    if (edgeList == 0) {
+        edgeList = glGenLists(1);
+        glNewList(edgeList, GL_COMPILE);
+        drawTerrainEdge(terrainEdge(terrain));
+        glEndList();
+    }
+    glCallList(edgeList);
+}
 
 void TerrainStandIn::draw(float) {
     glPushMatrix();
@@ -25,6 +41,7 @@ void TerrainStandIn::draw(float) {
     glEnable(GL_TEXTURE_2D);
     glColor3fv(terrain.color.data());
     drawStrips();
+    drawEdge();
     glMatrixMode(GL_TEXTURE);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);

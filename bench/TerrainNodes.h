@@ -7,9 +7,12 @@
 
 /// Other ways to draw a terrain's surface, each in the state that TerrainMesh::draw sets. They
 /// stand in for the terrain in a level's graph; files know nothing of them.
+/// The terrain's edge, the same for all, is recorded at the first draw. A context must be current when one
+/// is destroyed.
 class TerrainStandIn : public SceneNode {
 public:
     explicit TerrainStandIn(const TerrainMesh &newTerrain) : terrain(newTerrain) {}
+    ~TerrainStandIn() override;
 
     void draw(float time) override;
     void drawSecondPass(float) override {}
@@ -20,6 +23,11 @@ protected:
     virtual void drawStrips() = 0;
 
     const TerrainMesh &terrain;
+
+private:
+    void drawEdge();
+
+    GLuint edgeList = 0;
 };
 
 /// Sends every vertex of every strip anew.
@@ -32,7 +40,6 @@ protected:
 };
 
 /// The same strips from buffer objects with one call; the buffers are filled at the first draw.
-/// A context must be current when it is destroyed.
 class BufferedTerrain : public TerrainStandIn {
 public:
     using TerrainStandIn::TerrainStandIn;

@@ -14,27 +14,6 @@ void send(const TerrainVertex &vertex) {
     glVertex3fv(&vertex.position.x);
 }
 
-void sendStrip(const std::vector<TerrainVertex> &strip) {
-    glBegin(GL_TRIANGLE_STRIP);
-    for (const TerrainVertex &vertex : strip) {
-        send(vertex);
-    }
-    glEnd();
-}
-
-/// The lining lies in the plane of the ground frame, and must not show where that does.
-void sendEdge(const TerrainMesh &terrain) {
-    constexpr float slopesBack = 1;
-    constexpr float stepsBack = 4;
-    const TerrainEdge edge = terrainEdge(terrain);
-    sendStrip(edge.wall);
-    glPushAttrib(GL_POLYGON_BIT);
-    glPolygonOffset(slopesBack, stepsBack);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    sendStrip(edge.lining);
-    glPopAttrib();
-}
-
 } // namespace
 
 TerrainMesh::~TerrainMesh() {
@@ -104,7 +83,7 @@ void TerrainMesh::sendStrips() const {
         glEnd();
     }
     if (wired == 0) {
-        sendEdge(*this);
+        drawTerrainEdge(terrainEdge(*this));
     }
 }
 

@@ -45,6 +45,16 @@ void addPoint(TerrainEdge &edge, const TerrainVertex &point, const BorderSide &s
     edge.lining.push_back({out, {0, 1, 0}, textureOutward(point, side, liningWidth, dimension)});
 }
 
+void drawStrip(const std::vector<TerrainVertex> &strip) {
+    glBegin(GL_TRIANGLE_STRIP);
+    for (const TerrainVertex &vertex : strip) {
+        glNormal3fv(&vertex.normal.x);
+        glTexCoord3fv(&vertex.texture.x);
+        glVertex3fv(&vertex.position.x);
+    }
+    glEnd();
+}
+
 } // namespace
 
 TerrainEdge terrainEdge(const TerrainMesh &terrain) {
@@ -69,4 +79,15 @@ TerrainEdge terrainEdge(const TerrainMesh &terrain) {
         }
     }
     return edge;
+}
+
+void drawTerrainEdge(const TerrainEdge &edge) {
+    constexpr float slopesBack = 1;
+    constexpr float stepsBack = 4;
+    drawStrip(edge.wall);
+    glPushAttrib(GL_POLYGON_BIT);
+    glPolygonOffset(slopesBack, stepsBack);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    drawStrip(edge.lining);
+    glPopAttrib();
 }

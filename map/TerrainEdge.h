@@ -17,3 +17,7 @@ struct TerrainEdge {
 
 /// The edge of the grid as its heights are now; both strips are empty for a grid without area.
 TerrainEdge terrainEdge(const TerrainMesh &terrain);
+
+/// Draws both strips; what lies in the lining's plane hides it. Needs a current OpenGL context in the state
+/// that the terrain is drawn in.
+void drawTerrainEdge(const TerrainEdge &edge);

@@ -1,5 +1,6 @@
 #include "app/editorMain.h"
 
+#include "app/LevelHistory.h"
 #include "app/WaitCursor.h"
 #include "environment/BackgroundNode.h"
 #include "map/GLMapWidget.h"
@@ -16,10 +17,15 @@ editorMain::editorMain(QWidget *parent, const QString &name, Qt::WindowFlags fla
     init();
 }
 
+editorMain::~editorMain() = default;
+
 void editorMain::init() {
     editorMain::loadStartLevel();
     mapView->updateTrackBallCenter();
     editorMain::readBackLevel();
+    history = std::make_unique<LevelHistory>(
+        *mapView, [this] { showLevelUnchanged(); }, this);
+    connectHistory();
 }
 
 void editorMain::loadStartLevel() {

@@ -2,9 +2,12 @@
 
 #include "app/EditorForm.h"
 
+#include <memory>
+
 class BackgroundNode;
 class CharacterNode;
 class LevelDocument;
+class LevelHistory;
 
 /// The editor's window: the form and what its controls do. Holds no level data of its own; the
 /// controls are views of the map view's document.
@@ -14,6 +17,7 @@ class editorMain : public EditorForm {
 public:
     explicit editorMain(QWidget *parent = nullptr, const QString &name = {},
                         Qt::WindowFlags flags = Qt::Window);
+    ~editorMain() override;
 
     /// Loads the start level and shows it. Run once, at the end of construction.
     void init();
@@ -91,7 +95,11 @@ private:
     void readBackStartPositions();
     void showColors();
 
-    QString lastLevel; ///< The file opened or saved last; empty after the start.
+    void connectHistory();
+    void showLevelUnchanged();
+
+    std::unique_ptr<LevelHistory> history; ///< Made by init().
+    QString lastLevel;                     ///< The file opened or saved last; empty after the start.
 
     int shownDimension = 0; ///< What the two labels name, for a change of language.
     int shownAccuracy = 0;

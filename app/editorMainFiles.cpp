@@ -3,12 +3,13 @@
 
 #include "app/InitDialog.h"
 #include "app/LevelFileDialog.h"
+#include "app/LevelHistory.h"
 #include "app/WaitCursor.h"
 #include "app/WheelGuard.h"
 #include "environment/BackgroundNode.h"
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
-#include "scene/CharacterNode.h"
+#include "scene/CharSetNode.h"
 #include "scene/LevelDocument.h"
 #include "scene/LevelFile.h"
 
@@ -37,6 +38,7 @@ void editorMain::fileNew() {
 
 void editorMain::makeMap(int dimension, int accuracy) {
     const WaitCursor working;
+    const LevelHistory::Pause pause(*history);
     mapView->dimension = dimension;
     mapView->accuracy = accuracy;
     showAccuracy(accuracy);
@@ -54,6 +56,8 @@ void editorMain::makeMap(int dimension, int accuracy) {
     mapView->buildTerrain(level().mesh);
     mapView->refreshTerrain();
     mapView->resetCell();
+    // Nobody could see or edit more of them.
+    level().charSet->characters.resize(CharSetNode::slotCount);
     for (CharacterNode *const player : players()) {
         player->placed = false;
         player->active = false;
@@ -78,6 +82,7 @@ void editorMain::openLevel(const QString &fileName) {
     const WaitCursor working;
     // The start level is no level to save again.
     lastLevel = QFileInfo(fileName).fileName() == QLatin1String("default") ? QString() : fileName;
+    const LevelHistory::Pause pause(*history);
     mapView->resetCell();
     mapView->replaceDocument(std::make_unique<LevelDocument>());
     level().load(fileName);
@@ -98,6 +103,7 @@ void editorMain::openLevel(const QString &fileName) {
     mapView->setDirty(true);
     mapView->refreshTerrain();
     mapView->updateTrackBallCenter();
+    history->restart();
 }
 
 void editorMain::fileSave() {

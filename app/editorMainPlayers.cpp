@@ -11,7 +11,9 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QToolTip>
 #include <algorithm>
 #include <bitset>
 
@@ -99,7 +101,10 @@ void editorMain::randomStart_toggled(bool on) {
 }
 
 void editorMain::Place_clicked() {
-    mapView->placePlayer(&selectedPlayer());
+    Place->setChecked(false); // A toggle that stays down would look like a mode.
+    if (!mapView->placePlayer(&selectedPlayer())) {
+        QToolTip::showText(QCursor::pos(), tr("No selected cell is free"), Place);
+    }
     refreshPlayerPanel();
     refreshCounts();
 }

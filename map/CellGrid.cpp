@@ -199,12 +199,14 @@ std::pair<CellPosition, CellPosition> CellGrid::boundsOfSelection() const {
     return {first, last};
 }
 
-void CellGrid::placeInSelected(CharacterNode *player) {
+bool CellGrid::placeInSelected(CharacterNode *player) {
     const auto free = std::find_if(cells.begin(), cells.end(),
                                    [](const MapCell &cell) { return cell.selected && cell.vacant; });
-    if (free != cells.end()) {
-        free->place(player);
+    if (free == cells.end()) {
+        return false;
     }
+    free->place(player);
+    return true;
 }
 
 void CellGrid::placeAtCell(CharacterNode *player) {

@@ -82,8 +82,8 @@ public:
     /// Nothing where no terrain of the grid's size is bound.
     std::optional<Heights> heightsOf(const MapCell &cell) const;
 
-    /// Puts the player into the first selected vacant cell, if there is one.
-    void placeInSelected(CharacterNode *player);
+    /// Puts the player into the first selected vacant cell; false where there is none.
+    bool placeInSelected(CharacterNode *player);
 
     /// Puts the player into the cell that its `cell` names; nothing for a number outside 0 to 399.
     void placeAtCell(CharacterNode *player);

@@ -75,8 +75,8 @@ void GLMapWidget::changePreview() {
     update();
 }
 
-void GLMapWidget::placePlayer(CharacterNode *player) {
-    cells->placeInSelected(player);
+bool GLMapWidget::placePlayer(CharacterNode *player) {
+    return cells->placeInSelected(player);
 }
 
 void GLMapWidget::updatePlayerPosition(CharacterNode *player) {

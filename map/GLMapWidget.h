@@ -71,7 +71,7 @@ public slots:
     void setDirty(bool reinit);
     void changeWired();
     void changePreview();
-    void placePlayer(CharacterNode *player);
+    bool placePlayer(CharacterNode *player); ///< False where no selected cell is vacant.
     void updatePlayerPosition(CharacterNode *player);
     void updateTrackBallCenter();
     void resetCell();

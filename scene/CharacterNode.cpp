@@ -55,11 +55,11 @@ bool CharacterNode::readXml(QDomElement element, CISG *) {
     values.read(waitFor);
     values.read(weaponValue);
     values.read(teamIndex);
-    values.read(cell);
+    const bool hasCell = values.read(cell);
     nameFromCode(characterNames, modelIndex, model);
     nameFromCode(teamNames, teamIndex, team);
     weapon = weaponName(weaponValue);
-    placed = cell != randomStart;
+    placed = hasCell && cell != randomStart;
     active = true;
     return true;
 }

@@ -62,6 +62,12 @@ private slots:
     void aNewMapResetsOptionsAndPlayersAndKeepsTheDress() {
         const EditorDriver editor([](LevelDocument &level) {
             twoTeams(level);
+            for (std::size_t i = 2; i < 20; ++i) {
+                if (i >= 16) {
+                    level.charSet->characters.push_back(std::make_unique<CharacterNode>());
+                }
+                enlist(level, i, i < 16 ? 0 : 2, 20);
+            }
             level.mesh->randomGeography = true;
             BackgroundNode &environment = *level.background;
             environment.water = environment.waterWalking = environment.craters = environment.bengala = false;
@@ -73,7 +79,11 @@ private slots:
             environment.sunSpeed = 4;
         });
         editor.pick("CharID", QStringLiteral("5"));
+        // Of the twenty players only sixteen count, and only they stay.
+        QCOMPARE(editor.find<QSpinBox>("numTeams").value(), 2);
+        QCOMPARE(editor.level().charSet->characters.size(), std::size_t(20));
         QVERIFY(makeMap(editor, QStringLiteral("Small"), QStringLiteral("Low")));
+        QCOMPARE(editor.level().charSet->characters.size(), std::size_t(16));
         for (const char *box : {"water", "waterWalking", "craters", "bengala", "deathTouch", "DynamicTime"}) {
             QVERIFY2(editor.find<QCheckBox>(box).isChecked(), box);
         }

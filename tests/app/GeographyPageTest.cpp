@@ -83,13 +83,6 @@ private slots:
         editor.click("waterWalking");
         QVERIFY(editor.environment().water && !editor.environment().waterWalking);
     }
-
-    void fogAsksForANewSetUp() {
-        const EditorDriver editor;
-        editor.window->mapView->reinitPending = false;
-        editor.click("Fog");
-        QVERIFY(editor.environment().fog && editor.window->mapView->reinitPending);
-    }
 };
 
 DRUVELK_TEST_MAIN(GeographyPageTest)

@@ -128,19 +128,6 @@ private slots:
         QCOMPARE(text(editor, "textLabelName"), QStringLiteral("Ada"));
         QCOMPARE(shownCounts(editor), std::pair(2, 2));
     }
-
-    void onlySixteenPlayersAreShownButAllAreKept() {
-        const EditorDriver editor([](LevelDocument &level) {
-            for (int i = 0; i < 4; ++i) {
-                level.charSet->characters.push_back(std::make_unique<CharacterNode>());
-            }
-            for (std::size_t i = 0; i < 20; ++i) {
-                enlist(level, i, i < 16 ? 0 : 1, int(i));
-            }
-        });
-        QCOMPARE(editor.level().charSet->characters.size(), std::size_t(20));
-        QCOMPARE(shownCounts(editor), std::pair(16, 1));
-    }
 };
 
 DRUVELK_TEST_MAIN(PlayersPageTest)

@@ -64,7 +64,7 @@ private slots:
         QVERIFY(placed->placed);
         const auto anywhere = playerRead("0 0 0.5 0 -1");
         QVERIFY(!anywhere->placed && anywhere->isSaved());
-        QVERIFY(playerRead("0 0 0.5 0")->placed);
+        QVERIFY(!playerRead("0 0 0.5 0")->placed);
     }
 
     void aPlayerReadsOnlyItsOwnElement() {

@@ -18,5 +18,6 @@ druvelk_tree_test(tools/AssetTreeTest)
 # The characters are read by the editor's own loader and by a foreign one.
 find_package(assimp REQUIRED)
 druvelk_tree_test(tools/CharactersTest)
+target_sources(CharactersTest PRIVATE ${PROJECT_SOURCE_DIR}/tools/sheet/FigurePainter.cpp)
 target_include_directories(CharactersTest PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(CharactersTest PRIVATE druvelk assimp::assimp)

@@ -1,7 +1,9 @@
 #include "tools/sheet/FigurePainter.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -37,17 +39,26 @@ FigurePainter::Corner FigurePainter::project(const Vec3 &position) const {
             0};
 }
 
-void FigurePainter::add(const Md2Content &model, std::size_t frame, const QImage &skin) {
+std::size_t FigurePainter::add(const Md2Content &model, std::size_t frame, const QImage &skin) {
     const std::vector<Md2Vertex> &vertices = model.frames[frame].vertices;
-    for (const Md2Triangle &triangle : model.triangles) {
-        std::array<Corner, 3> corners{};
-        for (std::size_t i = 0; i < 3; ++i) {
-            corners[i] = project(vertices[triangle.vertices[i]].position);
-            corners[i].s = model.texCoords[triangle.texCoords[i]].s;
-            corners[i].t = model.texCoords[triangle.texCoords[i]].t;
+    const std::vector<std::int32_t> &words = model.glCommands;
+    std::size_t triangles = 0;
+    for (std::size_t at = 0; words[at] != 0;) {
+        const bool fan = words[at] < 0;
+        const auto count = static_cast<std::size_t>(std::abs(words[at++]));
+        std::vector<Corner> run;
+        for (std::size_t i = 0; i < count; ++i, at += 3) {
+            Corner &corner =
+                run.emplace_back(project(vertices[static_cast<std::size_t>(words[at + 2])].position));
+            corner.s = std::bit_cast<float>(words[at]);
+            corner.t = std::bit_cast<float>(words[at + 1]);
         }
-        fill(corners, skin);
+        for (std::size_t i = 2; i < count; ++i, ++triangles) {
+            const bool turned = !fan && i % 2 == 1;
+            fill({run[fan ? 0 : i - (turned ? 1 : 2)], run[i - (turned ? 2 : 1)], run[i]}, skin);
+        }
     }
+    return triangles;
 }
 
 void FigurePainter::fill(std::array<Corner, 3> corners, const QImage &skin) {
@@ -87,8 +98,9 @@ void FigurePainter::fill(std::array<Corner, 3> corners, const QImage &skin) {
             if (!inside && !skin.isNull()) {
                 const float s = a.s + second * (b.s - a.s) + third * (c.s - a.s);
                 const float t = a.t + second * (b.t - a.t) + third * (c.t - a.t);
-                colour = skin.pixel(std::clamp(pixel(s), 0, skin.width() - 1),
-                                    std::clamp(pixel(t), 0, skin.height() - 1));
+                colour = skin.pixel(
+                    std::clamp(pixel(s * static_cast<float>(skin.width())), 0, skin.width() - 1),
+                    std::clamp(pixel(t * static_cast<float>(skin.height())), 0, skin.height() - 1));
             }
             image.setPixel(column, row, colour);
         }

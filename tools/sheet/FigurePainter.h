@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <array>
+#include <vector>
 
 /// Where a figure is looked at from. Parallel rays: every place is as large as every other.
 struct FigureView {
@@ -25,8 +26,9 @@ class FigurePainter {
 public:
     explicit FigurePainter(const FigureView &from);
 
-    /// Adds a model in one of its frames. Without a skin it is grey, lit from the viewer.
-    void add(const Md2Content &model, std::size_t frame, const QImage &skin = {});
+    /// Adds what a model's commands draw in one of its frames, and returns the number of triangles. Without a
+    /// skin it is grey, lit from the viewer.
+    std::size_t add(const Md2Content &model, std::size_t frame, const QImage &skin = {});
 
     const QImage &picture() const { return image; }
     long covered() const;       ///< Pixels that show a model.

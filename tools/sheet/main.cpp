@@ -1,10 +1,12 @@
 #include "environment/OpenGLSetup.h"
+#include "scene/CharacterNames.h"
 #include "tools/sheet/CharacterSheet.h"
 #include "tools/sheet/LevelSheet.h"
 #include "tools/sheet/PictureSheet.h"
 
 #include <QApplication>
 #include <QDir>
+#include <algorithm>
 #include <cstdio>
 
 /// Draws contact sheets of everything below a workspace, or one: textures, skies, levels, eye-levels or
@@ -32,10 +34,14 @@ int main(int argc, char **argv) {
     const auto file = [&output](const char *sheet) {
         return output.filePath(QLatin1String(sheet) + QStringLiteral(".png"));
     };
-    const bool saved = (!wanted("textures") || saveTextureSheet(file("textures"))) &&
-                       (!wanted("skies") || saveSkySheet(file("skies"))) &&
-                       (!wanted("levels") || saveLevelSheet(file("levels"))) &&
-                       (!wanted("eye-levels") || saveEyeLevelSheet(file("eye-levels"))) &&
-                       (!wanted("characters") || saveCharacterSheets(output.path()));
+    const auto saveCharacter = [&](const char *name) {
+        return saveCharacterSheets(QStringLiteral("data/") + QLatin1String(name), output.path());
+    };
+    const bool saved =
+        (!wanted("textures") || saveTextureSheet(file("textures"))) &&
+        (!wanted("skies") || saveSkySheet(file("skies"))) &&
+        (!wanted("levels") || saveLevelSheet(file("levels"))) &&
+        (!wanted("eye-levels") || saveEyeLevelSheet(file("eye-levels"))) &&
+        (!wanted("characters") || std::all_of(characterNames.begin(), characterNames.end(), saveCharacter));
     return saved ? 0 : 1;
 }

@@ -40,17 +40,25 @@ std::vector<glm::vec3> posed(const Mesh &mesh, const Pose &pose) {
     return vertices;
 }
 
-/// The figure frame by frame. Poses that lie are moved so that they rest on the floor.
-std::vector<ModelFrame> shown(const Mesh &mesh, std::vector<NamedPose> &poses) {
+/// Whether the vertex follows a body's own bones; a tail or a cape is laid on the floor.
+bool ofBody(const MeshVertex &vertex, const Rig &rig) {
+    return std::max(vertex.bones.first, vertex.bones.second) <= rig.leg[Left].end;
+}
+
+/// The figure frame by frame. No body sinks into the floor, and what lies rests on it.
+std::vector<ModelFrame> shown(const Mesh &mesh, const Rig &rig, std::vector<NamedPose> &poses) {
     std::vector<ModelFrame> frames;
     for (NamedPose &frame : poses) {
         std::vector<glm::vec3> vertices = posed(mesh, frame.pose);
-        if (frame.lying) {
-            const auto lower = [](const glm::vec3 &a, const glm::vec3 &b) { return a.z < b.z; };
-            const float low = std::min_element(vertices.begin(), vertices.end(), lower)->z;
+        float low = 1e9f;
+        for (std::size_t i = 0; i < vertices.size(); ++i)
+            low = ofBody(mesh.vertices[i], rig) ? std::min(low, vertices[i].z) : low;
+        if (frame.lying || low < -0.05f) {
             frame.pose.moveAll(glm::translate(glm::mat4(1.0f), {0, 0, -low}));
             vertices = posed(mesh, frame.pose);
         }
+        for (glm::vec3 &vertex : vertices)
+            vertex.z = std::max(vertex.z, 0.0f);
         frames.push_back({frame.name, std::move(vertices)});
     }
     return frames;
@@ -75,7 +83,7 @@ bool makeModels(const QDir &data, std::size_t number) {
     std::vector<NamedPose> poses = framesOf(figure);
     const Mesh mesh = buildMesh(figure.parts);
     bool good = directory.mkpath(QStringLiteral(".")) &&
-                save(directory, QStringLiteral("tris.md2"), modelFile(mesh, shown(mesh, poses)));
+                save(directory, QStringLiteral("tris.md2"), modelFile(mesh, shown(mesh, figure.rig, poses)));
     for (std::size_t i = 0; i < weaponMakers.size(); ++i) {
         const Mesh held = buildMesh(weaponMakers[i]());
         good = good && save(directory, QLatin1String(weaponNames[i]) + QStringLiteral(".md2"),

@@ -11,7 +11,7 @@
 // Shape. A figure is a list of parts, each a tube through rings. Every tube is closed: where it does not
 // end in a tip, a cap is put on by itself, so no part shows its inside. Let parts overlap where the body
 // bends, and let one tube run over a joint (limbRings) rather than end at it. Cloth that hangs free is a
-// closed tube too: a flat profile with both sides. `druvelk-figure DIRECTORY OUT.png` measures what is
+// closed tube too: a flat profile with both sides. `druvelk-figure DIRECTORY OUT` measures what is
 // left and shows the figure (insides in magenta); `druvelk-assets --only Rat/tris TREE` makes the models
 // of one figure without its skins.
 //

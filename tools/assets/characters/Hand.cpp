@@ -55,7 +55,7 @@ public:
         const glm::vec3 up = glm::normalize(glm::vec3(0.17f, 0, 1));
         const float low = -0.75f * s; // Middle of the three lower fingers.
         Part &palm = tube(softProfile(8, 2.6f), up);
-        const glm::vec3 heel(-2.2f, -0.35f - 0.2f * s, -0.75f);
+        const glm::vec3 heel = handHeel[Right] + glm::vec3(0, 0.15f - 0.2f * (s - 0.25f), 0);
         wrist(palm, wristPlace, heel);
         ring(palm, heel, {1.05f, 1.65f});
         ring(palm, {-1.35f, -0.2f - 0.3f * s, -0.25f}, {1.1f, 1.75f});
@@ -85,7 +85,7 @@ public:
         const float x = 9.0f;
         const glm::vec3 along(1, 0, 0.0f);
         Part &palm = tube(softProfile(8, 2.6f), along);
-        const glm::vec3 heel(7.5f, 1.45f, below - 0.9f);
+        const glm::vec3 heel = handHeel[Left] + glm::vec3(0, 0, -0.42f * (s - 1.0f));
         wrist(palm, wristPlace, heel);
         ring(palm, heel, {1.0f, 1.55f});
         ring(palm, {8.5f, 0.6f, below - 0.25f}, {0.8f, 1.8f});

@@ -5,8 +5,8 @@
 
 namespace {
 
-const glm::vec3 fatigues(0.52f, 0.51f, 0.42f);
-const glm::vec3 webbing(0.32f, 0.29f, 0.23f);
+const glm::vec3 fatigues(0.55f, 0.57f, 0.56f);
+const glm::vec3 webbing(0.30f, 0.32f, 0.35f);
 const glm::vec3 armour(0.55f, 0.56f, 0.58f);
 
 /// Blotches of three tones.
@@ -37,6 +37,12 @@ void addTorso(Figure &marine) {
                        {43.6f, 0.3f, {7.4f, 5.6f}, on(rig.chest)},
                        {45.6f, 0.1f, {6.2f, 4.4f}, on(rig.chest)},
                        {46.5f, 0.1f, {4.2f, 3.2f}, on(rig.chest)}});
+    // Two breast plates that stand out above the belly, and a hollow down the back.
+    vest.sculpt = [](std::size_t, unsigned, glm::vec3 &point, Influence &) {
+        const float breast = band(point.z - 41.6f, 1.6f, 2.6f) * band(std::abs(point.y) - 3.6f, 1.6f, 2.4f);
+        point.x += point.x > 2.0f ? 0.9f * breast : 0.0f;
+        point.x += point.x < -2.0f ? 0.7f * band(point.y, 0.5f, 2.0f) : 0.0f;
+    };
     vest.decorate = [](const SurfacePoint &at, Coat &coat) {
         const glm::vec3 &p = at.position;
         const bool front = p.x > 0.5f;
@@ -121,6 +127,15 @@ void addHead(Figure &marine) {
     const Rig &rig = marine.rig;
     Part &neck = marine.add(Material::Cloth, glm::vec3(0.14f), roundProfile(8));
     columnRings(neck, {{45.5f, 0, {2.6f, 2.6f}, on(rig.chest)}, {48.5f, 0.4f, {2.3f, 2.4f}, on(rig.head)}});
+    Part &collar = marine.add(Material::Plate, armour, softProfile(10, 2.2f));
+    collar.team = 1.0f;
+    collar.sharp = true;
+    columnRings(collar, {{44.6f, -0.2f, {5.2f, 4.2f}, on(rig.chest)},
+                         {46.4f, -0.2f, {5.0f, 4.3f}, on(rig.chest)},
+                         {48.4f, -0.1f, {4.1f, 3.9f}, on(rig.chest)},
+                         {48.5f, 0, {3.4f, 3.2f}, on(rig.chest)},
+                         {47.0f, 0, {2.8f, 2.6f}, on(rig.chest)}});
+    collar.rings.back().along = {0, 0, -1};
     Part &helmet = marine.add(Material::Plate, armour, softProfile(10, 2.3f));
     helmet.team = 1.0f;
     helmet.detail = 1.5f;
@@ -133,6 +148,14 @@ void addHead(Figure &marine) {
                          {54.6f, -0.1f, {3.6f, 4.2f}, head},
                          {55.8f, -0.2f, {2.2f, 2.7f}, head},
                          {56.2f, -0.2f, {0, 0}, head}});
+    // The visor lies back below the brow; a jaw guard stands out below it.
+    helmet.sculpt = [](std::size_t, unsigned, glm::vec3 &point, Influence &) {
+        if (point.x < 1.5f)
+            return;
+        const float middle = band(point.y, 2.2f, 1.8f);
+        point.x +=
+            middle * (0.55f * band(point.z - 48.2f, 0.6f, 1.0f) + 0.5f * band(point.z - 53.0f, 0.3f, 1.2f));
+    };
     helmet.decorate = paintHelmet;
     for (const Side side : {Right, Left}) {
         Part &ear = marine.add(Material::Metal, glm::vec3(0.25f), roundProfile(8), {0, 0, 1});
@@ -148,8 +171,10 @@ void addLimbs(Figure &marine) {
         const float y = side == Left ? 1.0f : -1.0f;
         Part &sleeve = marine.add(Material::Cloth, fatigues, roundProfile(7));
         limbRings(sleeve, marine, rig.arm[side], rig.chest, armShape(1.0f));
-        sleeve.rings.pop_back(); // The rest is below the guard.
-        sleeve.decorate = camouflage;
+        sleeve.decorate = [](const SurfacePoint &at, Coat &coat) {
+            camouflage(at, coat);
+            paintTeam(coat, band(at.along - 0.36f, 0.075f, 0.01f));
+        };
         Part &shoulder = marine.add(Material::Plate, armour, softProfile(8, 2.6f), {1, 0, 0});
         shoulder.team = 1.0f;
         shoulder.sharp = true;
@@ -158,38 +183,98 @@ void addLimbs(Figure &marine) {
         shoulder.decorate = [](const SurfacePoint &at, Coat &coat) {
             groove(coat, band(at.along - 0.42f, 0.012f, 0.02f));
         };
-        Part &guard = marine.add(Material::Plate, armour * 0.6f, softProfile(7, 2.6f));
+        Part &guard = marine.add(Material::Plate, armour, softProfile(7, 2.6f));
         guard.sharp = true;
-        limbRings(
-            guard, marine, rig.arm[side], rig.chest,
-            {{1.22f, {1.5f, 1.5f}}, {1.24f, {2.15f, 2.15f}}, {1.86f, {1.65f, 1.65f}}, {1.88f, {1.2f, 1.2f}}});
+        limbRings(guard, marine, rig.arm[side], rig.chest,
+                  {{1.16f, {1.5f, 1.5f}},
+                   {1.2f, {2.25f, 2.25f}},
+                   {1.5f, {2.15f, 2.15f}},
+                   {1.9f, {1.6f, 1.6f}},
+                   {1.94f, {1.2f, 1.2f}}});
+        guard.team = 1.0f;
+        guard.decorate = [](const SurfacePoint &at, Coat &coat) {
+            groove(coat, band(at.along - 0.5f, 0.012f, 0.02f));
+        };
         addFist(marine, side, Material::Leather, glm::vec3(0.16f), 1.0f);
 
-        Part &trousers = marine.add(Material::Cloth, fatigues, roundProfile(7));
+        Part &trousers = marine.add(Material::Cloth, fatigues, roundProfile(8));
         limbRings(trousers, marine, rig.leg[side], rig.pelvis, legShape(1.0f));
-        trousers.rings.pop_back(); // The rest is in the boot.
         trousers.decorate = camouflage;
-        Part &knee = marine.add(Material::Plate, armour, softProfile(6, 2.4f), {0, 0, 1});
+        // A plate on the thigh and one over the knee, which a strap holds.
+        Part &thigh = marine.add(Material::Plate, armour, softProfile(8, 2.6f));
+        thigh.team = 1.0f;
+        thigh.sharp = true;
+        limbRings(thigh, marine, rig.leg[side], rig.pelvis,
+                  {{0.22f, {2.6f, 3.0f}, {0.5f, 0.4f * y, 0}},
+                   {0.25f, {3.3f, 3.9f}, {0.6f, 0.5f * y, 0}},
+                   {0.5f, {3.0f, 3.6f}, {0.5f, 0.4f * y, 0}},
+                   {0.72f, {2.5f, 2.9f}, {0.5f, 0.2f * y, 0}},
+                   {0.74f, {2.0f, 2.2f}, {0.4f, 0.1f * y, 0}}});
+        thigh.decorate = [](const SurfacePoint &at, Coat &coat) {
+            // Open behind: there the cloth shows.
+            const float back = band(at.around, 0.17f, 0.01f) + band(at.around - 1.0f, 0.17f, 0.01f);
+            paint(coat, fatigues * 0.9f, back * (1.0f - coat.metal));
+            groove(coat, band(at.along - 0.72f, 0.012f, 0.02f));
+        };
+        Part &strap = marine.add(Material::Leather, webbing, roundProfile(8));
+        limbRings(
+            strap, marine, rig.leg[side], rig.pelvis,
+            {{0.93f, {2.2f, 2.5f}}, {0.96f, {2.6f, 2.9f}}, {1.04f, {2.6f, 2.9f}}, {1.07f, {2.1f, 2.3f}}});
+        Part &knee = marine.add(Material::Plate, armour, softProfile(8, 2.4f), {0, 0, 1});
         knee.team = 1.0f;
         knee.sharp = true;
-        domeRings(knee, rig.at(rig.leg[side].lower) + glm::vec3(0.9f, 0.2f * y, 0), {1, 0.3f * y, 0.1f},
-                  {2.3f, 2.6f}, 2.5f, between(rig.leg[side].upper, rig.leg[side].lower, 0.5f));
-        Part &gaiter = marine.add(Material::Leather, webbing, roundProfile(7));
-        limbRings(gaiter, marine, rig.leg[side], rig.pelvis,
-                  {{1.45f, {2.3f, 2.5f}, {-0.3f, 0, 0}},
-                   {1.48f, {2.6f, 2.9f}, {-0.3f, 0, 0}},
-                   {2.06f, {2.0f, 2.3f}}});
+        const glm::vec3 kneeWay = glm::normalize(glm::vec3(1, 0.3f * y, 0.1f));
+        domeRings(knee, rig.at(rig.leg[side].lower) + kneeWay * 1.2f, kneeWay, {2.4f, 3.1f}, 2.3f,
+                  between(rig.leg[side].upper, rig.leg[side].lower, 0.5f));
+        // The shaft of the boot goes down into the foot.
+        Part &shaft = marine.add(Material::Leather, webbing, roundProfile(8));
+        limbRings(shaft, marine, rig.leg[side], rig.pelvis,
+                  {{1.28f, {2.2f, 2.5f}, {-0.2f, 0, 0}},
+                   {1.3f, {2.8f, 3.1f}, {-0.3f, 0, 0}},
+                   {1.38f, {2.75f, 3.05f}, {-0.35f, 0, 0}},
+                   {1.6f, {2.55f, 2.9f}, {-0.3f, 0, 0}},
+                   {1.9f, {2.1f, 2.5f}},
+                   {2.08f, {2.1f, 2.7f}, {0.2f, 0, 0}}});
+        shaft.decorate = [](const SurfacePoint &at, Coat &coat) {
+            groove(coat, band(at.along - 0.2f, 0.012f, 0.02f));
+            const float lace = at.along * 16.0f;
+            groove(coat, band(at.around - 0.5f, 0.05f, 0.01f) * band(lace - std::round(lace), 0.14f, 0.12f));
+        };
         addFoot(marine, side, Material::Leather, webbing * 0.9f, {9.6f, 2.25f, 3.6f, 3.0f, 12});
     }
+}
+
+/// Looks about, then lifts the weapon, taps its magazine home and takes it down again.
+void idle(const Rig &rig, Stance &stance, float phase) {
+    const float breath = wave(phase, 5);
+    const float weight =
+        keyed(phase, {{0, -1}, {0.16f, 1}, {0.40f, 0.9f}, {0.52f, -0.2f}, {0.72f, -0.4f}, {0.9f, -1}});
+    const float look = keyed(
+        phase, {{0, 34}, {0.1f, 40}, {0.22f, -14}, {0.34f, -10}, {0.46f, 12}, {0.74f, 12}, {0.86f, 36}});
+    const float check = keyed(phase, {{0.38f, 0}, {0.52f, 1}, {0.68f, 1}, {0.80f, 0}});
+    const float tap = keyed(phase, {{0.55f, 0}, {0.575f, 1}, {0.6f, 0}, {0.625f, 1}, {0.66f, 0}});
+    stance.shift = {0.3f * check, 2.6f * weight, -0.5f + 0.25f * breath - 0.4f * std::abs(weight)};
+    stance.pelvis = {3.0f * weight, 0, 3.0f * weight};
+    stance.waist = {-4.0f * weight, -1.0f * breath, 0.12f * look};
+    stance.chest = {-2.0f * weight, -2.0f * breath - 3.0f * check, 0.18f * look};
+    stance.neck.z = 0.25f * look;
+    stance.head = {0.06f * look + 8.0f * check, 2.0f + 17.0f * check, 0.45f * look};
+    stance.weaponShift = glm::vec3(-1.2f, 1.0f, 4.6f) * check + glm::vec3(0, 0, 0.3f * breath);
+    stance.weaponTurn = glm::vec3(-26, -16, -8) * check + glm::vec3(0, 4.0f * weight, 3.0f * weight);
+    const float away = keyed(phase, {{0.48f, 0}, {0.54f, 1}, {0.63f, 1}, {0.71f, 0}});
+    const glm::vec3 below = rig.weaponWay({0, 0, -1});
+    stance.left = {
+        away, rig.atWeapon({4.6f, 1.6f, -4.6f}) + below * (1.6f - 1.8f * tap), {}, rig.arm[Right].end};
 }
 
 } // namespace
 
 Figure makeMarine() {
     RigPlan plan;
-    plan.grip = {8.6f, -6.6f, 33.4f};
-    plan.aim = {-8, -24, 60};
+    plan.grip = {7.2f, -6.3f, 35.6f};
+    plan.aim = {-6, -10, 44};
     Figure marine(plan);
+    marine.stand = [rig = marine.rig](Stance &stance, float phase) { idle(rig, stance, phase); };
     addTorso(marine);
     addBelt(marine);
     addPack(marine);

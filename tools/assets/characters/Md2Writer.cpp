@@ -7,31 +7,38 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <map>
 
 namespace {
 
-/// The box all frames are packed into. One for all: with a box of its own each frame would round
-/// differently, and still parts would tremble.
+/// The box the frames of an animation are packed into. One for all of them: with a box of its own each
+/// frame would round differently, and still parts would tremble.
 struct Box {
     glm::vec3 low{1e9f};
-    glm::vec3 scale{0.0f};
+    glm::vec3 high{-1e9f};
+
+    glm::vec3 scale() const { return (high - low) / 255.0f; }
 };
 
 glm::vec3 asStored(const glm::vec3 &seen) {
     return {seen.x, -seen.y, seen.z - 24.0f};
 }
 
-Box boxOf(const std::vector<ModelFrame> &frames) {
-    Box box;
-    glm::vec3 high(-1e9f);
+/// "stand" of "stand07".
+std::string animationOf(const ModelFrame &frame) {
+    return frame.name.substr(0, frame.name.find_first_of("0123456789"));
+}
+
+std::map<std::string, Box> boxesOf(const std::vector<ModelFrame> &frames) {
+    std::map<std::string, Box> boxes;
     for (const ModelFrame &frame : frames) {
+        Box &box = boxes[animationOf(frame)];
         for (const glm::vec3 &vertex : frame.vertices) {
             box.low = glm::min(box.low, asStored(vertex));
-            high = glm::max(high, asStored(vertex));
+            box.high = glm::max(box.high, asStored(vertex));
         }
     }
-    box.scale = (high - box.low) / 255.0f;
-    return box;
+    return boxes;
 }
 
 std::uint8_t nearestNormal(const glm::vec3 &stored) {
@@ -68,8 +75,9 @@ void append(QByteArray &bytes, const Record &record) {
 void appendFrame(QByteArray &bytes, const Mesh &mesh, const ModelFrame &named, const Box &box) {
     const std::vector<glm::vec3> &frame = named.vertices;
     Md2FrameHeader header;
+    const glm::vec3 scale = box.scale();
     for (glm::length_t axis = 0; axis < 3; ++axis) {
-        header.scale[static_cast<std::size_t>(axis)] = box.scale[axis];
+        header.scale[static_cast<std::size_t>(axis)] = scale[axis];
         header.translate[static_cast<std::size_t>(axis)] = box.low[axis];
     }
     std::copy(named.name.begin(), named.name.end(), header.name.begin());
@@ -79,7 +87,7 @@ void appendFrame(QByteArray &bytes, const Mesh &mesh, const ModelFrame &named, c
         return static_cast<std::uint8_t>(std::clamp(std::lround(value), 0L, 255L));
     };
     for (std::size_t i = 0; i < frame.size(); ++i) {
-        const glm::vec3 steps = (asStored(frame[i]) - box.low) / box.scale;
+        const glm::vec3 steps = (asStored(frame[i]) - box.low) / scale;
         const glm::vec3 normal(normals[i].x, -normals[i].y, normals[i].z);
         append(bytes, Md2PackedVertex{byte(steps.x), byte(steps.y), byte(steps.z), nearestNormal(normal)});
     }
@@ -135,9 +143,9 @@ QByteArray modelFile(const Mesh &mesh, const std::vector<ModelFrame> &frames) {
     const QByteArray triangles = triangleBytes(mesh);
     const QByteArray commands = commandBytes(mesh);
     QByteArray packed;
-    const Box box = boxOf(frames);
+    const std::map<std::string, Box> boxes = boxesOf(frames);
     for (const ModelFrame &frame : frames)
-        appendFrame(packed, mesh, frame, box);
+        appendFrame(packed, mesh, frame, boxes.at(animationOf(frame)));
 
     Md2Header header;
     header.ident = md2Ident;

@@ -32,9 +32,12 @@ struct RigPlan {
     glm::vec3 grip{9, -5, 35}; ///< Middle of the right fist.
     glm::vec3 aim{0, -6, 38};  ///< Degrees the weapon is turned about x, y and z from straight ahead.
     float weaponSize = 1;
-    glm::vec3 rightWrist{-3.5f, -0.9f, -1.5f}; ///< Seen from the weapon, in its units.
-    glm::vec3 leftWrist{6.4f, 2.0f, -1.9f};
+    glm::vec3 rightWrist{-3.7f, -0.9f, -1.0f}; ///< Seen from the weapon, in its units; bent to the forearm.
+    glm::vec3 leftWrist{6.0f, 2.4f, -1.2f};
 };
+
+/// Heels of the hands that hold a weapon, seen from it: behind the grip and below the fore-end.
+constexpr std::array<glm::vec3, 2> handHeel{glm::vec3(-2.2f, -0.5f, -0.75f), glm::vec3(7.5f, 1.45f, -0.2f)};
 
 /// The skeleton of such a figure. Left and right are told apart by Side.
 struct Rig {

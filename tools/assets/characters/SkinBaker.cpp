@@ -76,11 +76,11 @@ void SkinBaker::coat(const std::vector<Part> &parts) {
 }
 
 glm::vec3 SkinBaker::reliefNormal(unsigned x, unsigned y) const {
-    const std::size_t here = y * skinSize + x;
+    const std::size_t here = y * bakeSize + x;
     const Texel &texel = texels[here];
     glm::vec3 slope(0.0f);
     const std::array<std::pair<bool, std::size_t>, 2> next{
-        {{x + 1 < skinSize, here + 1}, {y + 1 < skinSize, here + skinSize}}};
+        {{x + 1 < bakeSize, here + 1}, {y + 1 < bakeSize, here + bakeSize}}};
     for (std::size_t axis = 0; axis < 2; ++axis) {
         const auto [inside, other] = next[axis];
         if (!inside || !texels[other].covered || texels[other].part != texel.part)
@@ -98,17 +98,17 @@ glm::vec3 SkinBaker::reliefNormal(unsigned x, unsigned y) const {
 void SkinBaker::light(const Mesh &mesh) {
     const Occlusion occlusion(mesh);
     lights.resize(texels.size());
-    constexpr unsigned block = 2; // Visibility changes slowly: one answer serves a block of texels.
-    std::vector<Visibility> seen(std::size_t{skinSize / block} * (skinSize / block));
+    constexpr unsigned block = 2 * samplesAcross; // Visibility changes slowly: one answer serves a block.
+    std::vector<Visibility> seen(std::size_t{bakeSize / block} * (bakeSize / block));
     std::vector<unsigned> owner(seen.size(), ~0u);
     buried.assign(texels.size(), false);
-    for (unsigned y = 0; y < skinSize; ++y) {
-        for (unsigned x = 0; x < skinSize; ++x) {
-            const std::size_t here = y * skinSize + x;
+    for (unsigned y = 0; y < bakeSize; ++y) {
+        for (unsigned x = 0; x < bakeSize; ++x) {
+            const std::size_t here = y * bakeSize + x;
             const Texel &texel = texels[here];
             if (!texel.covered)
                 continue;
-            const std::size_t cell = (y / block) * (skinSize / block) + x / block;
+            const std::size_t cell = (y / block) * (bakeSize / block) + x / block;
             if (owner[cell] != texel.part) {
                 owner[cell] = texel.part;
                 seen[cell] = occlusion.openDirections(texel.point.position, texel.facing);
@@ -143,9 +143,18 @@ QImage SkinBaker::skin(const glm::vec3 &teamColour) const {
     SkinSpill picture(skinSize);
     for (unsigned y = 0; y < skinSize; ++y) {
         for (unsigned x = 0; x < skinSize; ++x) {
-            const std::size_t here = y * skinSize + x;
-            if (texels[here].covered && !buried[here])
-                picture.set(x, y, toSeen(colourOf(here, teamColour)));
+            glm::vec3 sum(0.0f);
+            unsigned count = 0;
+            for (unsigned sample = 0; sample < samplesAcross * samplesAcross; ++sample) {
+                const std::size_t here = std::size_t{y * samplesAcross + sample / samplesAcross} * bakeSize +
+                                         x * samplesAcross + sample % samplesAcross;
+                if (!texels[here].covered || buried[here])
+                    continue;
+                sum += toSeen(colourOf(here, teamColour));
+                ++count;
+            }
+            if (count > 0)
+                picture.set(x, y, sum / static_cast<float>(count));
         }
     }
     return picture.image();

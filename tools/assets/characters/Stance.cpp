@@ -5,6 +5,8 @@
 #include <cmath>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/quaternion.hpp>
+#define GLM_ENABLE_EXPERIMENTAL
+#include <glm/gtx/quaternion.hpp>
 
 float keyed(float phase, std::initializer_list<glm::vec2> keys) {
     const auto *after = keys.begin();
@@ -14,7 +16,7 @@ float keyed(float phase, std::initializer_list<glm::vec2> keys) {
     const bool before = after == keys.begin();
     const glm::vec2 from = before ? *(keys.end() - 1) - glm::vec2(1, 0) : *(after - 1);
     const glm::vec2 to = wraps ? *keys.begin() + glm::vec2(1, 0) : *after;
-    return glm::mix(from.y, to.y, glm::smoothstep(from.x, to.x, phase));
+    return to.x <= from.x ? from.y : glm::mix(from.y, to.y, glm::smoothstep(from.x, to.x, phase));
 }
 
 namespace {
@@ -33,11 +35,41 @@ glm::mat4 blended(const glm::mat4 &from, const glm::mat4 &to, float amount, cons
     return glm::translate(one, place) * glm::mat4_cast(turn) * glm::translate(one, -point);
 }
 
+/// The joint between the limb's two bones when they end at `end`; an end out of reach comes nearer.
+glm::vec3 middleFor(const Rig &rig, const Pose &pose, const Limb &limb, glm::vec3 &end) {
+    const glm::vec3 start = rig.at(limb.upper);
+    const glm::vec3 middle = rig.at(limb.lower);
+    const float upper = glm::distance(start, middle);
+    const float lower = glm::distance(middle, rig.at(limb.end));
+    const Bone above = rig.skeleton.parent(limb.upper);
+    const glm::vec3 now = pose.carry(above, start);
+    const float most = 0.997f * (upper + lower);
+    if (glm::distance(now, end) > most)
+        end = now + glm::normalize(end - now) * most;
+    const glm::vec3 bend = middle - (start + rig.at(limb.end)) * 0.5f;
+    return middleJoint(now, end, upper, lower, glm::vec3(pose.of(above) * glm::vec4(bend, 0.0f)));
+}
+
 glm::mat4 leftHand(const Figure &figure, const Pose &pose, const Stance &stance, const glm::mat4 &onWeapon) {
-    const glm::vec3 wrist = figure.rig.at(figure.rig.arm[Left].end);
-    const glm::mat4 away =
-        pose.of(stance.left.with) * about(wrist, stance.left.wrist - wrist, stance.left.turn);
+    const Rig &rig = figure.rig;
+    const Limb &arm = rig.arm[Left];
+    const glm::vec3 wrist = rig.at(arm.end);
+    glm::vec3 place = pose.carry(stance.left.with == 0 ? rig.chest : stance.left.with, stance.left.wrist);
+    const glm::vec3 elbow = middleFor(rig, pose, arm, place);
+    const glm::quat inLine =
+        glm::rotation(glm::normalize(wrist - rig.at(arm.lower)), glm::normalize(place - elbow));
+    const glm::mat4 one(1.0f);
+    const glm::mat4 away = glm::translate(one, place) * glm::mat4_cast(inLine) * turned(stance.left.turn) *
+                           glm::translate(one, -wrist);
     return blended(onWeapon, away, stance.left.amount, wrist);
+}
+
+/// Where a foot goes, as far as its leg reaches.
+glm::mat4 footTarget(const Rig &rig, const Pose &pose, const Limb &leg, const Stance::Foot &foot) {
+    const glm::vec3 ankle = rig.at(leg.end);
+    glm::vec3 place = ankle + foot.shift;
+    middleFor(rig, pose, leg, place);
+    return about(ankle, place - ankle, foot.turn);
 }
 
 } // namespace
@@ -60,7 +92,7 @@ Pose poseOf(const Figure &figure, const Stance &stance, float phase) {
     pose.reach(rig.arm[Left], stance.left.amount > 0.0f ? leftHand(figure, pose, stance, hand) : hand);
     for (const Side side : {Right, Left}) {
         const Limb &leg = rig.leg[side];
-        pose.reach(leg, about(rig.at(leg.end), stance.foot[side].shift, stance.foot[side].turn));
+        pose.reach(leg, footTarget(rig, pose, leg, stance.foot[side]));
     }
     const glm::vec3 middle = 0.5f * (rig.at(rig.leg[Right].end) + rig.at(rig.leg[Left].end));
     pose.moveAll(about({middle.x, middle.y, 0}, stance.wholeShift, stance.wholeTurn));

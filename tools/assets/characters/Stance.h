@@ -27,7 +27,8 @@ struct Stance {
     std::array<Foot, 2> foot; ///< By Side.
 
     /// The left hand away from the weapon: 0 holds it, 1 is at `wrist`, a place at rest that moves with
-    /// the bone `with`. The hand is turned from how it holds the fore-end.
+    /// the bone `with` (0, the pelvis, stands for the chest). The hand keeps in line with its forearm;
+    /// `turn` is about the wrist, before that.
     struct FreeHand {
         float amount = 0.0f;
         glm::vec3 wrist{0.0f};

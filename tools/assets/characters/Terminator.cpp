@@ -126,12 +126,25 @@ void addHead(Figure &machine) {
     const Influence head = on(rig.head);
     columnRings(skull, {{48.3f, 2.0f, {0, 0}, head},
                         {48.4f, 2.0f, {2.0f, 2.3f}, head},
-                        {50.4f, 1.4f, {2.7f, 3.0f}, head},
-                        {52.0f, 0.9f, {3.3f, 3.4f}, head},
-                        {54.2f, 0.6f, {3.7f, 4.1f}, head},
+                        {49.1f, 1.9f, {2.5f, 2.8f}, head},
+                        {50.2f, 1.5f, {2.7f, 3.0f}, head},
+                        {51.5f, 1.0f, {3.3f, 3.4f}, head},
+                        {52.9f, 0.75f, {3.5f, 3.75f}, head},
+                        {54.3f, 0.6f, {3.7f, 4.0f}, head},
                         {56.2f, 0.2f, {3.1f, 3.5f}, head},
                         {57.3f, 0.0f, {1.5f, 1.8f}, head},
                         {57.6f, 0.0f, {0, 0}, head}});
+    // Cheekbones, a brow, sockets below it and a jaw that stands out.
+    skull.sculpt = [](std::size_t, unsigned, glm::vec3 &point, Influence &) {
+        if (point.x < 1.2f)
+            return;
+        const float side = std::abs(point.y);
+        point.x += 0.75f * band(point.z - 54.3f, 0.3f, 0.9f) * band(side, 2.4f, 1.2f);
+        point.x -= 0.95f * band(point.z - 52.9f, 0.4f, 0.7f) * band(side - 1.8f, 0.9f, 0.8f);
+        point.x += 0.5f * band(point.z - 51.4f, 0.5f, 0.8f) * band(side - 2.6f, 0.8f, 0.8f);
+        point.x += 0.8f * band(point.z - 48.9f, 0.6f, 0.8f) * band(side, 1.8f, 1.0f);
+        point.y *= 1.0f - 0.16f * band(point.z - 50.0f, 0.4f, 0.8f);
+    };
     skull.decorate = decorateSkull;
 }
 
@@ -200,9 +213,18 @@ void addLeg(Figure &machine, Side side) {
         machineGrey(coat, 1.0f - band(at.along - 0.30f, 0.12f, 0.005f));
         groove(coat, band(at.around - 0.5f, 0.006f, 0.01f), 0.2f);
     };
-    Part &knee = machine.add(Material::Metal, chrome, softProfile(6, 2.4f), {0, 0, 1});
+    // A hinge across the knee, and a cap over it.
+    Part &hinge = machine.add(Material::Metal, frame, roundProfile(10), {0, 0, 1});
+    hinge.sharp = true;
+    const glm::vec3 across(0.2f * y, -1, 0);
+    barRings(hinge, rig.at(leg.lower) - across * 2.9f, rig.at(leg.lower) + across * 2.9f, {2.3f, 2.3f}, 0.3f,
+             between(leg.upper, leg.lower, 0.5f));
+    hinge.decorate = [](const SurfacePoint &at, Coat &coat) {
+        groove(coat, band(at.along - 0.2f, 0.03f, 0.02f) + band(at.along - 0.8f, 0.03f, 0.02f), 0.2f);
+    };
+    Part &knee = machine.add(Material::Metal, chrome, softProfile(8, 2.8f), {0, 0, 1});
     knee.sharp = true;
-    domeRings(knee, rig.at(leg.lower) + glm::vec3(1.2f, 0, 0), {1, 0.2f * y, 0.1f}, {2.3f, 2.6f}, 2.2f,
+    domeRings(knee, rig.at(leg.lower) + glm::vec3(1.0f, 0, 0), {1, 0.2f * y, 0.1f}, {2.5f, 3.3f}, 2.7f,
               between(leg.upper, leg.lower, 0.5f));
     Part &shin = plate(machine, softProfile(8, 2.8f));
     limbRings(shin, machine, leg, rig.pelvis,
@@ -217,6 +239,25 @@ void addLeg(Figure &machine, Side side) {
     addFoot(machine, side, Material::Metal, frame, {11.5f, 3.3f, 4.2f, 4.0f, 10}).sharp = true;
 }
 
+/// The head sweeps from side to side and stops; the body follows, then the weapon.
+void idle(Stance &stance, float phase) {
+    const float sweep = keyed(
+        phase,
+        {{0, 1}, {0.12f, 1}, {0.30f, -0.4f}, {0.42f, -0.4f}, {0.56f, 0.45f}, {0.66f, 0.4f}, {0.86f, 1}});
+    const float follow =
+        keyed(phase, {{0.04f, 1}, {0.16f, 1}, {0.36f, -0.6f}, {0.48f, -0.6f}, {0.64f, 0.3f}, {0.90f, 1}});
+    const float sink =
+        keyed(phase, {{0, 0}, {0.3f, 1}, {0.42f, 0.9f}, {0.5f, 0}, {0.7f, 0.8f}, {0.9f, 0.2f}});
+    stance.shift = {-0.5f * sink, 1.9f * follow, -0.9f * sink};
+    stance.pelvis = {1.6f * follow, 0, 4.0f * follow};
+    stance.waist = {-1.6f * follow, 2.0f * sink, 6.0f * follow};
+    stance.chest = {0, -1.0f * sink, 7.0f * follow};
+    stance.neck.z = 12.0f * sweep;
+    stance.head = {0, 5.0f * sink, 32.0f * sweep};
+    stance.weaponTurn = {0, 5.0f - 10.0f * sink, 5.0f * follow};
+    stance.weaponShift = {0, 0, 1.2f * sink};
+}
+
 } // namespace
 
 Figure makeTerminator() {
@@ -226,14 +267,13 @@ Figure makeTerminator() {
     plan.ankle = {glm::vec3(-2.5f, -7.0f, 3.6f), glm::vec3(2.5f, 7.0f, 3.6f)};
     plan.upperArm = 12.5f;
     plan.foreArm = 12;
-    plan.grip = {9.6f, -7.0f, 34.0f};
-    plan.aim = {-5, -8, 55};
+    plan.grip = {8.2f, -8.2f, 35.2f};
+    plan.aim = {-5, -7, 44};
     plan.neck = {0, 0, 47.5f};
     plan.head = {0.6f, 0, 49.5f};
-    plan.elbowPole = {glm::vec3(-0.4f, -0.9f, -0.7f), glm::vec3(-0.1f, 1.0f, -0.7f)};
+    plan.elbowPole = {glm::vec3(-0.4f, -0.9f, -0.7f), glm::vec3(-0.3f, 0.9f, -0.8f)};
     Figure machine(plan);
-    machine.idle.breath = 1.0f;
-    machine.idle.look = 40.0f;
+    machine.stand = idle;
     addTorso(machine);
     addHead(machine);
     for (const Side side : {Right, Left}) {

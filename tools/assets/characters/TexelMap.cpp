@@ -45,7 +45,7 @@ class FaceMapper {
 public:
     FaceMapper(const Mesh &source, const MeshFace &triangle) : mesh(source), face(triangle) {
         for (std::size_t i = 0; i < 3; ++i) {
-            flat[i] = glm::vec2(mesh.texels[face.texel[i]]);
+            flat[i] = glm::vec2(mesh.texels[face.texel[i]]) * static_cast<float>(samplesAcross);
             at[i] = mesh.vertices[face.vertex[i]].position;
         }
         area = cross(flat[1] - flat[0], flat[2] - flat[0]);
@@ -61,7 +61,7 @@ public:
                 const glm::vec3 share = shares(glm::vec2(x, y) + 0.5f);
                 if (std::min({share.x, share.y, share.z}) < -1e-4f)
                     continue;
-                write(texels[y * skinSize + x], share, edges);
+                write(texels[y * bakeSize + x], share, edges);
             }
         }
     }
@@ -104,7 +104,7 @@ private:
 } // namespace
 
 std::vector<Texel> mapTexels(const Mesh &mesh, const std::vector<Part> &parts) {
-    std::vector<Texel> texels(std::size_t{skinSize} * skinSize);
+    std::vector<Texel> texels(std::size_t{bakeSize} * bakeSize);
     const auto edges = sharpEdges(mesh, parts);
     for (const MeshFace &face : mesh.faces)
         FaceMapper(mesh, face).fill(texels, edges[face.part]);

@@ -69,6 +69,16 @@ void addHull(Figure &mech) {
     section(11.6f, 40.0f, 4.4f, 2.8f);
     hull.tip({11.9f, 0, 39.8f}, chest);
     hull.decorate = decorateHull;
+    // Bars over the canopy's panes, and a sill below them.
+    for (const float y : {-5.8f, -2.0f, 2.0f, 5.8f}) {
+        Part &bar = mech.add(Material::Metal, frame, roundProfile(4), {1, 0, 1});
+        bar.sharp = true;
+        const float in = std::abs(y) > 4.0f ? 0.55f : 0.0f;
+        barRings(bar, {4.6f, y, 49.0f - in}, {9.4f, y * 0.9f, 45.2f - in}, {0.4f, 0.5f}, 0, chest);
+    }
+    Part &sill = mech.add(Material::Metal, frame, roundProfile(5), {1, 0, 1});
+    sill.sharp = true;
+    barRings(sill, {9.0f, -5.6f, 44.6f}, {9.0f, 5.6f, 44.6f}, {0.6f, 0.7f}, 0, chest);
     Part &chin = mech.add(Material::Metal, frame, boxProfile(0.4f), {0, 0, 1});
     chin.sharp = true;
     barRings(chin, {4.0f, 0, 36.2f}, {11.0f, 0, 36.8f}, {3.2f, 1.8f}, 0, chest);
@@ -120,6 +130,27 @@ void addTurret(Figure &mech) {
         coat.glow = lens;
         coat.metal *= 1.0f - lens;
         groove(coat, band(p.x + 2.0f, 0.07f, 0.12f));
+    };
+    // A hood around the lens, open ahead.
+    Part &hood = mech.add(Material::Metal, frame * 0.8f, roundProfile(10), {0, 0, 1});
+    hood.sharp = true;
+    const auto rim = [&](float x, float radius) {
+        hood.ring({x, 0, 52.4f}, glm::vec2(radius), head, {1, 0, 0});
+    };
+    rim(1.0f, 2.05f);
+    rim(3.2f, 2.05f);
+    rim(3.2f, 1.7f);
+    rim(1.9f, 1.4f);
+    rim(2.2f, 0.5f);
+    hood.decorate = [](const SurfacePoint &at, Coat &coat) {
+        const float eye = glm::length(glm::vec2(at.position.y, at.position.z - 52.4f));
+        const float lens = at.along > 0.5f ? glm::smoothstep(1.5f, 1.38f, eye) : 0.0f;
+        paint(coat,
+              glm::mix(glm::vec3(1.0f, 0.85f, 0.6f), glm::vec3(0.95f, 0.14f, 0.05f),
+                       glm::smoothstep(0.1f, 0.9f, eye)),
+              lens);
+        coat.glow = lens;
+        coat.metal *= 1.0f - lens;
     };
     Part &mast = mech.add(Material::Metal, frame, roundProfile(4));
     mast.ring({-5.6f, 4.6f, 47.5f}, {0.4f, 0.4f}, on(rig.chest))
@@ -182,10 +213,25 @@ void addLeg(Figure &mech, Side side) {
     shin.sharp = true;
     limbRings(shin, mech, leg, leg.upper, {{1.0f, {1.5f, 1.7f}}, {1.3f, {1.7f, 2.1f}}, {2.0f, {1.3f, 1.5f}}});
     shin.rings.front().bones = on(leg.lower);
-    Part &piston = mech.add(Material::Metal, glm::vec3(0.70f), roundProfile(5));
+    Part &piston = mech.add(Material::Metal, glm::vec3(0.70f), roundProfile(7));
     const glm::vec3 upper = glm::mix(hip, knee, 0.7f) + glm::vec3(2.6f, 0, -0.6f);
     const glm::vec3 lower = glm::mix(knee, rig.at(leg.end), 0.62f) + glm::vec3(1.4f, 0, 1.2f);
-    piston.ring(upper, {0.75f, 0.75f}, on(leg.upper)).ring(lower, {0.6f, 0.6f}, on(leg.lower));
+    piston.ring(upper, {0.55f, 0.55f}, on(leg.upper)).ring(lower, {0.55f, 0.55f}, on(leg.lower));
+    // The cylinder that the rod runs in, with an eye at each end.
+    Part &cylinder = mech.add(Material::Metal, frame * 0.9f, roundProfile(7));
+    cylinder.sharp = true;
+    const glm::vec3 half = glm::mix(lower, upper, 0.55f);
+    cylinder.ring(lower, {0.7f, 0.7f}, on(leg.lower))
+        .ring(glm::mix(lower, upper, 0.08f), {1.0f, 1.0f}, on(leg.lower))
+        .ring(glm::mix(lower, upper, 0.48f), {1.0f, 1.0f}, on(leg.lower))
+        .ring(half, {0.8f, 0.8f}, on(leg.lower));
+    for (const bool top : {false, true}) {
+        Part &pin = mech.add(Material::Metal, frame, roundProfile(7), {0, 0, 1});
+        pin.sharp = true;
+        const glm::vec3 centre = top ? upper : lower;
+        barRings(pin, centre - glm::vec3(0, 1.1f, 0), centre + glm::vec3(0, 1.1f, 0), {0.95f, 0.95f}, 0,
+                 on(top ? leg.upper : leg.lower));
+    }
     Part &guard = mech.add(Material::Plate, glm::vec3(0.5f), boxProfile(0.35f), {1, 0, 0});
     guard.team = 1.0f;
     guard.sharp = true;
@@ -214,6 +260,25 @@ void addLeg(Figure &mech, Side side) {
     }
 }
 
+/// Shifts its weight from leg to leg and lifts the free foot a little; the turret looks where it will step.
+void idle(Stance &stance, float phase) {
+    const float weight = keyed(phase, {{0, -1}, {0.10f, -1}, {0.28f, 1}, {0.56f, 1}, {0.72f, -1}});
+    const float look = keyed(
+        phase,
+        {{0, 0.5f}, {0.12f, 1}, {0.24f, 1}, {0.40f, -0.35f}, {0.52f, -0.35f}, {0.66f, 0.8f}, {0.84f, 0.4f}});
+    const float right = keyed(phase, {{0.34f, 0}, {0.40f, 1}, {0.46f, 0.8f}, {0.52f, 0}});
+    const float left = keyed(phase, {{0.78f, 0}, {0.84f, 1}, {0.90f, 0.9f}, {0.97f, 0}});
+    stance.shift = {0.5f * wave(phase, 2), 2.9f * weight,
+                    -1.3f + 0.9f * std::abs(weight) + 0.15f * wave(phase, 8)};
+    stance.pelvis = {3.0f * weight, 0, 3.0f * weight};
+    stance.waist = {-2.0f * weight, 1.5f * wave(phase, 2, 0.2f), 4.0f * look};
+    stance.chest = {1.5f * weight, 1.0f * wave(phase, 3), 5.0f * look};
+    stance.head = {0, 3.0f * wave(phase, 2), 50.0f * look};
+    stance.foot[Right] = {{0.6f * right, 0, 1.8f * right}, {0, -7.0f * right, 0}};
+    stance.foot[Left] = {{0.6f * left, 0, 1.8f * left}, {0, -7.0f * left, 0}};
+    stance.weaponTurn = {0, 3.0f * wave(phase, 2, 0.3f), 4.0f * look};
+}
+
 } // namespace
 
 Figure makeWalker() {
@@ -231,16 +296,11 @@ Figure makeWalker() {
     plan.shin = 17.5f;
     plan.upperArm = 11;
     plan.foreArm = 12;
-    plan.elbowPole = {glm::vec3(-0.5f, -0.8f, -0.9f), glm::vec3(-0.2f, 1.0f, -0.8f)};
-    plan.grip = {12.6f, -6.2f, 32.5f};
-    plan.aim = {-4, -6, 50};
+    plan.elbowPole = {glm::vec3(-0.5f, -0.8f, -0.9f), glm::vec3(-0.4f, 0.9f, -1.0f)};
+    plan.grip = {12.6f, -7.0f, 33.2f};
+    plan.aim = {-4, -5, 40};
     Figure mech(plan);
-    mech.idle.breath = 0.7f;
-    mech.idle.breaths = 4;
-    mech.idle.sink = 0.8f;
-    mech.idle.sway = 1.0f;
-    mech.idle.look = 60.0f;
-    mech.idle.lookDown = 3.0f;
+    mech.stand = idle;
     addHull(mech);
     addTurret(mech);
     for (const Side side : {Right, Left}) {

@@ -1,6 +1,9 @@
 #include "tools/assets/characters/Body.h"
 #include "tools/assets/characters/Materials.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 const glm::vec3 gunmetal(0.27f, 0.28f, 0.31f);
@@ -65,7 +68,10 @@ public:
         for (const glm::vec2 &point :
              {glm::vec2(0.7f, 1.6f), glm::vec2(1.1f, 0.5f), glm::vec2(2.5f, 0.5f), glm::vec2(3.0f, 1.7f)})
             guard.ring({point.x, 0, point.y}, {0.22f, 0.4f}, on(0));
-        return guard;
+        Part &trigger = add(Material::Metal, steel, boxProfile(0.4f));
+        trigger.front = {1, 0, 0};
+        barRings(trigger, {1.75f, 0, 0.75f}, {1.55f, 0, 1.9f}, {0.16f, 0.22f}, 0.1f, on(0));
+        return parts[parts.size() - 2];
     }
 
     std::vector<Part> parts;
@@ -102,10 +108,17 @@ std::vector<Part> makeSmallGun() {
         const glm::vec2 port(at.position.x - 4.2f, at.position.z - 4.1f);
         groove(coat, band(port.x, 1.1f, 0.1f) * band(port.y, 0.35f, 0.1f), 0.2f);
     };
-    smith.box(steel, 0.6f, 9.0f, 2.2f, {0.8f, 0.6f});
-    smith.lathe(steel, 3.7f, 8, {{9.3f, 0.62f}, {11.6f, 0.62f}, {11.6f, 0.38f}, {10.6f, 0.3f}}).decorate =
-        [](const SurfacePoint &at, Coat &coat) { groove(coat, at.along > 0.75f ? 0.9f : 0.0f); };
-    smith.box(polymer, 8.0f, 11.0f, 1.7f, {0.85f, 0.55f}).decorate = ribs(8, 11, 0.6f);
+    smith.box(steel, 0.6f, 10.0f, 2.4f, {0.8f, 0.6f});
+    smith
+        .lathe(steel, 3.7f, 8,
+               {{9.3f, 0.75f}, {12.2f, 0.75f}, {12.4f, 1.0f}, {14.6f, 1.0f}, {14.6f, 0.5f}, {13.2f, 0.36f}})
+        .decorate = [](const SurfacePoint &at, Coat &coat) {
+        groove(coat, at.along > 0.82f ? 0.9f : 0.0f);
+        const float line = at.position.x / 0.7f;
+        groove(coat, band(at.position.x - 13.4f, 0.9f, 0.1f) * band(line - std::round(line), 0.15f, 0.1f));
+    };
+    // A hand's breadth to hold below the barrel.
+    smith.box(polymer, 6.8f, 11.4f, 1.85f, {1.1f, 0.75f}).decorate = ribs(7, 11.2f, 0.6f);
     smith.box(polymer, -1.9f, -1.1f, 4.8f, {0.5f, 0.4f}, 0.1f);
     smith.box(polymer, 8.4f, 9.0f, 4.8f, {0.2f, 0.4f}, 0.1f).decorate =
         glowing({0.3f, 0.95f, 0.4f}, 8.3f, 8.6f);
@@ -123,8 +136,8 @@ std::vector<Part> makeStandard() {
         groove(coat, band(p.x - 3.4f, 1.4f, 0.1f) * band(p.z - 3.7f, 0.4f, 0.1f), 0.2f);
         groove(coat, band(p.x + 1.4f, 0.05f, 0.08f));
     };
-    smith.box(polymer, 7.2f, 15.4f, 2.7f, {1.2f, 1.3f}, 0.4f).decorate = [](const SurfacePoint &at,
-                                                                            Coat &coat) {
+    smith.box(polymer, 7.2f, 15.4f, 2.55f, {1.1f, 1.45f}, 0.4f).decorate = [](const SurfacePoint &at,
+                                                                              Coat &coat) {
         const float slot = at.position.x / 1.5f;
         groove(coat, band(slot - std::round(slot), 0.28f, 0.06f) * band(at.position.z - 3.3f, 0.3f, 0.08f),
                0.25f);
@@ -168,7 +181,9 @@ std::vector<Part> makeAnnientatore() {
     smith.pistolGrip();
     smith.triggerGuard();
     Part &tube = smith.lathe(shell, 4.2f, 12,
-                             {{-10.0f, 1.3f},
+                             {{-8.2f, 1.0f},
+                              {-8.6f, 1.5f},
+                              {-10.0f, 1.9f},
                               {-10.0f, 2.6f},
                               {-8.4f, 2.9f},
                               {-6.6f, 2.2f},
@@ -179,8 +194,12 @@ std::vector<Part> makeAnnientatore() {
                               {14.6f, 2.3f},
                               {15.2f, 3.1f},
                               {19.0f, 3.4f},
-                              {19.2f, 2.7f},
-                              {16.0f, 2.0f}});
+                              {19.2f, 2.8f},
+                              {17.8f, 2.4f},
+                              {17.5f, 1.7f},
+                              {15.2f, 1.5f},
+                              {14.8f, 0.8f},
+                              {16.4f, 0.45f}});
     tube.material = Material::Plate;
     tube.decorate = [](const SurfacePoint &at, Coat &coat) {
         const glm::vec3 &p = at.position;
@@ -193,14 +212,21 @@ std::vector<Part> makeAnnientatore() {
               0.9f * hazard * (1.0f - coat.metal));
         const float vent = p.x / 1.4f;
         groove(coat, band(p.x - 10.4f, 3.6f, 0.1f) * band(vent - std::round(vent), 0.22f, 0.08f), 0.3f);
-        const float heat = std::max(band(p.x + 6.1f, 0.5f, 0.15f), at.along > 0.93f ? 1.0f : 0.0f);
-        paint(coat, {1.0f, 0.50f, 0.12f}, heat);
+        const float around = glm::length(glm::vec2(p.y, p.z - 4.2f));
+        // Soot in the muzzle and the exhaust; deep in, a core that glows and lights the walls around it.
+        const bool inMuzzle = p.x > 14.5f && around < 2.75f && at.along > 0.5f;
+        const bool inExhaust = p.x < -8.0f && around < 1.88f;
+        paint(coat, glm::vec3(0.07f), inMuzzle || inExhaust ? 0.92f : 0.0f);
+        const float depth = inMuzzle ? glm::smoothstep(17.6f, 14.8f, p.x) * 0.55f : 0.0f;
+        const float core = inMuzzle ? band(around, 0.75f, 0.2f) : 0.0f;
+        const float heat = std::max({band(p.x + 6.1f, 0.5f, 0.15f), depth, core});
+        paint(coat, glm::mix(glm::vec3(0.75f, 0.16f, 0.03f), glm::vec3(1.0f, 0.72f, 0.30f), core), heat);
         coat.glow = heat;
     };
     smith.box(gunmetal, -3.0f, 6.4f, 1.9f, {1.2f, 0.9f});
     Part &drum = smith.lathe(gunmetal, 0.3f, 10, {{2.8f, 1.4f}, {3.0f, 2.1f}, {6.6f, 2.1f}, {6.8f, 1.4f}});
     drum.decorate = ribs(2.9f, 6.7f, 0.9f);
-    smith.box(polymer, 7.8f, 12.4f, 1.8f, {1.0f, 0.7f}).decorate = ribs(7, 13, 0.7f);
+    smith.box(polymer, 7.0f, 12.4f, 1.85f, {1.1f, 0.75f}).decorate = ribs(7, 13, 0.7f);
     smith.box(gunmetal, -1.5f, 3.6f, 7.3f, {0.6f, 0.6f});
     Part &sight = smith.box(polymer, 0.0f, 3.0f, 8.5f, {0.75f, 0.8f});
     sight.decorate = glowing({1.0f, 0.25f, 0.15f}, 2.95f, 3.2f);

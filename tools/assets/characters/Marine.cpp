@@ -261,7 +261,7 @@ void idle(const Rig &rig, Stance &stance, float phase) {
     stance.head = {0.06f * look + 8.0f * check, 2.0f + 17.0f * check, 0.45f * look};
     stance.weaponShift = glm::vec3(-1.2f, 1.0f, 4.6f) * check + glm::vec3(0, 0, 0.3f * breath);
     stance.weaponTurn = glm::vec3(-26, -16, -8) * check + glm::vec3(0, 4.0f * weight, 3.0f * weight);
-    const float away = keyed(phase, {{0.48f, 0}, {0.54f, 1}, {0.63f, 1}, {0.71f, 0}});
+    const float away = keyed(phase, {{0.42f, 0}, {0.55f, 1}, {0.65f, 1}, {0.78f, 0}});
     const glm::vec3 below = rig.weaponWay({0, 0, -1});
     stance.left = {
         away, rig.atWeapon({4.6f, 1.6f, -4.6f}) + below * (1.6f - 1.8f * tap), {}, rig.arm[Right].end};

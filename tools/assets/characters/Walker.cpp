@@ -274,8 +274,8 @@ void idle(Stance &stance, float phase) {
     stance.waist = {-2.0f * weight, 1.5f * wave(phase, 2, 0.2f), 4.0f * look};
     stance.chest = {1.5f * weight, 1.0f * wave(phase, 3), 5.0f * look};
     stance.head = {0, 3.0f * wave(phase, 2), 50.0f * look};
-    stance.foot[Right] = {{0.6f * right, 0, 1.8f * right}, {0, -7.0f * right, 0}};
-    stance.foot[Left] = {{0.6f * left, 0, 1.8f * left}, {0, -7.0f * left, 0}};
+    stance.foot[Right] = {{0, 0, 2.2f * right}, {0, -4.0f * right, 0}};
+    stance.foot[Left] = {{0, 0, 2.2f * left}, {0, -4.0f * left, 0}};
     stance.weaponTurn = {0, 3.0f * wave(phase, 2, 0.3f), 4.0f * look};
 }
 

@@ -195,7 +195,7 @@ void addLimbs(Figure &marine) {
         guard.decorate = [](const SurfacePoint &at, Coat &coat) {
             groove(coat, band(at.along - 0.5f, 0.012f, 0.02f));
         };
-        addFist(marine, side, Material::Leather, glm::vec3(0.16f), 1.0f);
+        addFist(marine, side, Material::Leather, glm::vec3(0.30f, 0.31f, 0.33f), 1.0f);
 
         Part &trousers = marine.add(Material::Cloth, fatigues, roundProfile(8));
         limbRings(trousers, marine, rig.leg[side], rig.pelvis, legShape(1.0f));

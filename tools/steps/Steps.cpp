@@ -214,8 +214,7 @@ void Steps::dragCells(int column, int row, int toColumn, int toRow) {
 }
 
 void Steps::grab(const QString &fileName, const QString &name) {
-    QWidget *const window = QApplication::activeModalWidget();
-    const QWidget &widget = !name.isEmpty() ? find(name) : window != nullptr ? *window : *mainWindow();
+    const QWidget &widget = name.isEmpty() ? *mainWindow() : find(name);
     const QRect onScreen(widget.mapToGlobal(QPoint()), widget.size());
     constexpr int fine = 88; // of 100, where the format has a quality
     const QPixmap picture =

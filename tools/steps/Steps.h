@@ -21,7 +21,7 @@ class QWidget;
 ///     double NAME X Y
 ///     rest NAME X Y                   leaves the pointer there
 ///     wait MILLISECONDS
-///     grab FILE [NAME]                the active window, or one control, as it is on the screen
+///     grab FILE [NAME]                the main window, or one control, and what lies over it
 ///     colours NAME X Y X Y LEAST      the control shows at least that many colours between two places
 ///     quit                            closes the main window
 ///     kill                            ends the program as it is, whatever is open

@@ -61,9 +61,11 @@ private slots:
         };
         editor.selectCell(3, 3);
         QVERIFY(!map.wheel(0, 120));
+        // The other direction drops what was gathered, and so does another selection.
+        wheel(7, -15);
+        wheel(1, 15);
         wheel(7, -15);
         QVERIFY(!map.cell(3, 3).water && map.height(12, 12) == 0);
-        // The other direction drops what was gathered, and so does another selection.
         wheel(7, 15);
         editor.selectCell(4, 4);
         wheel(7, 15);
@@ -298,8 +300,11 @@ private slots:
                      QStringLiteral("good.xml"));
         }));
         const LevelDocument *const before = &editor.level();
+        editor.selectCell(5, 5);
         QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("good")));
         QVERIFY(&editor.level() != before && editor.player(1).cell == 18);
+        // A new document selects the map's corner, too.
+        QCOMPARE(editor.map().selectedCells(), (std::vector<int>{0, 105}));
     }
 
     void aSaveThatFailsAsksAgain() {

@@ -13,6 +13,9 @@
 
 namespace {
 
+/// Pixels are what an action costs.
+constexpr int smallSide = 300;
+
 QByteArray complaint; ///< What the toolkit or OpenGL said during the action.
 
 /// The editor's own log is no complaint: a random user opens files that are damaged.
@@ -59,6 +62,7 @@ RandomUser::RandomUser(quint32 chosenSeed)
       seed(chosenSeed) {
     qInstallMessageHandler(hearMessage);
     makeData(editor);
+    editor.window->resize(smallSide, smallSide);
     EditorDriver::writeLevel(QStringLiteral("levels/whole.xml"), [](LevelDocument &level) {
         enlist(level, 3, 2, -1);
         enlist(level, 4, 3, -1);
@@ -208,7 +212,7 @@ void RandomUser::pressKeys() {
 
 void RandomUser::resize() {
     action = "resize";
-    editor.window->resize(300 + upTo(700), 300 + upTo(600));
+    editor.window->resize(smallSide + upTo(oneIn(4) ? 700 : 100), smallSide + upTo(oneIn(4) ? 600 : 100));
 }
 
 /// Damages some bytes of a level that may then be opened.

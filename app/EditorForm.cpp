@@ -51,6 +51,8 @@ void EditorForm::changeEvent(QEvent *event) {
         languageChange();
     } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         alignLabels();
+    } else if (event->type() == QEvent::PaletteChange) {
+        showCountsPlainly();
     }
 }
 

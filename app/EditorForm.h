@@ -157,6 +157,9 @@ public slots:
 protected:
     void changeEvent(QEvent *event) override;
 
+    /// Shows the current player's name, as much of it as there is room for.
+    void showPlayerName(const QString &name);
+
 private:
     void buildActions();
     void buildCentralWidget();
@@ -177,6 +180,7 @@ private:
     void setOptionTexts();
     void nameControls();
     void alignLabels();
+    void showCountsPlainly();
 
     void connectActions();
     void connectGeography();

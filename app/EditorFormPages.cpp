@@ -2,6 +2,8 @@
 #include "app/EditorForm.h"
 
 #include "app/ColorSwatch.h"
+#include "app/ElidedLabel.h"
+#include "app/PictureBox.h"
 #include "resources/Icons.h"
 
 #include <QCheckBox>
@@ -101,18 +103,23 @@ void EditorForm::buildGeographyPage() {
 void EditorForm::buildTexturesPage() {
     QVBoxLayout &layout = *addPage(*MainTab, TabPage, "TabPage");
     const auto addGroup = [this, &layout](QGroupBox *&group, const char *groupName, QComboBox *&box,
-                                          const char *boxName) {
+                                          const char *boxName, const char *pictureFile) {
         group = named<QGroupBox>(TabPage, groupName);
         auto *const inside = new QVBoxLayout(group);
         inside->setContentsMargins(11, 6, 11, 6);
-        box = named<QComboBox>(group, boxName);
+        auto *const pictures = named<PictureBox>(group, boxName);
+        pictures->pictureFile = QLatin1String(pictureFile);
+        box = pictures;
         inside->addWidget(box);
         layout.addWidget(group);
     };
-    addGroup(TerrainTextureGroup, "TerrainTextureGroup", TerrainTextureType, "TerrainTextureType");
-    addGroup(SkyTextureGroup, "SkyTextureGroup", SkyTextureType, "SkyTextureType");
-    addGroup(WaterTextureGroup, "WaterTextureGroup", waterTextureType, "waterTextureType");
-    addGroup(birdTextureGroup, "birdTextureGroup", birdTextureType, "birdTextureType");
+    constexpr const char *texture = "./data/textures/%1.jpg";
+    addGroup(TerrainTextureGroup, "TerrainTextureGroup", TerrainTextureType, "TerrainTextureType", texture);
+    addGroup(SkyTextureGroup, "SkyTextureGroup", SkyTextureType, "SkyTextureType",
+             "./data/CubeMap/%1/mount_negz.jpg");
+    addGroup(WaterTextureGroup, "WaterTextureGroup", waterTextureType, "waterTextureType", texture);
+    addGroup(birdTextureGroup, "birdTextureGroup", birdTextureType, "birdTextureType", texture);
+    static_cast<PictureBox &>(*birdTextureType).wholePictures = true;
     layout.addStretch();
 }
 
@@ -148,7 +155,20 @@ void EditorForm::buildPlayersPage() {
         count->setEnabled(false);
         count->setButtonSymbols(QAbstractSpinBox::NoButtons);
     }
+    showCountsPlainly();
     layout.addStretch();
+}
+
+/// They are read, never edited: in the ink of what can be, or they would be hard to read.
+void EditorForm::showCountsPlainly() {
+    if (numTeams == nullptr) {
+        return; // The toolkit announces the palette before the pages are there.
+    }
+    for (QSpinBox *const count : {numPlayer, numTeams}) {
+        QPalette inks = count->palette();
+        inks.setColor(QPalette::Disabled, QPalette::Text, palette().color(QPalette::Active, QPalette::Text));
+        count->setPalette(inks);
+    }
 }
 
 void EditorForm::buildCurrentPlayerGroup(QBoxLayout &pageLayout) {
@@ -162,7 +182,7 @@ void EditorForm::buildCurrentPlayerGroup(QBoxLayout &pageLayout) {
     const auto addLine = [this, grid, &row](QLabel *&caption, const char *captionName, QLabel *&value,
                                             const char *valueName) {
         caption = named<QLabel>(groupBox4, captionName);
-        value = named<QLabel>(groupBox4, valueName);
+        value = named<ElidedLabel>(groupBox4, valueName);
         // A player's name is user text: no markup, and cut off rather than widening the panel.
         value->setTextFormat(Qt::PlainText);
         value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -178,6 +198,10 @@ void EditorForm::buildCurrentPlayerGroup(QBoxLayout &pageLayout) {
     addLine(textLabel4, "textLabel4", textLabelPlaced, "textLabelPlaced");
     addLine(textLabel9, "textLabel9", textLabelWait, "textLabelWait");
     pageLayout.addWidget(groupBox4);
+}
+
+void EditorForm::showPlayerName(const QString &name) {
+    static_cast<ElidedLabel &>(*textLabelName).showText(name);
 }
 
 void EditorForm::buildOptionsPage() {

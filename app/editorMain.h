@@ -79,6 +79,7 @@ private:
     bool counts(const CharacterNode &player) const;
     void refreshCounts();
     void refreshPlayerPanel();
+    void showTeamDots();
 
     void makeMap(int dimension, int accuracy);
     void openLevel(const QString &fileName);

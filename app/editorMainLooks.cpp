@@ -9,11 +9,52 @@
 
 #include <QColorDialog>
 #include <QComboBox>
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace {
 
-std::optional<std::array<float, 3>> askForColor(QWidget *parent) {
+QColor asColor(const std::array<float, 3> &color) {
+    const auto component = [](float value) { return std::clamp(value, 0.0F, 1.0F); };
+    return QColor::fromRgbF(component(color[0]), component(color[1]), component(color[2]));
+}
+
+std::array<QColor, 3> colorsOf(const LevelDocument &level) {
+    const auto &sun = level.background->sunColor;
+    return {asColor(level.mesh->color), asColor({sun[0], sun[1], sun[2]}),
+            asColor(level.background->waterColor)};
+}
+
+/// Offers colours among the color dialog's custom ones, in the last fields, which the user's own
+/// reach last; what stood there comes back.
+class OfferedColors {
+public:
+    explicit OfferedColors(const std::array<QColor, 3> &colors) : offered(colors) {
+        for (std::size_t i = 0; i < offered.size(); ++i) {
+            before[i] = QColorDialog::customColor(field(i));
+            QColorDialog::setCustomColor(field(i), offered[i]);
+        }
+    }
+    OfferedColors(const OfferedColors &) = delete;
+    OfferedColors &operator=(const OfferedColors &) = delete;
+    ~OfferedColors() {
+        for (std::size_t i = 0; i < offered.size(); ++i) {
+            if (QColorDialog::customColor(field(i)) == offered[i]) {
+                QColorDialog::setCustomColor(field(i), before[i]);
+            }
+        }
+    }
+
+private:
+    int field(std::size_t i) const { return QColorDialog::customCount() - int(offered.size() - i); }
+
+    std::array<QColor, 3> offered;
+    std::array<QColor, 3> before;
+};
+
+std::optional<std::array<float, 3>> askForColor(QWidget *parent, const LevelDocument &level) {
+    const OfferedColors offered(colorsOf(level));
     QColorDialog dialog(Qt::white, parent);
     dialog.setObjectName(QStringLiteral("color dialog"));
     dialog.setOption(QColorDialog::DontUseNativeDialog);
@@ -37,7 +78,7 @@ QString textureFile(const QString &name) {
 } // namespace
 
 void editorMain::terrainColor() {
-    if (const auto color = askForColor(this)) {
+    if (const auto color = askForColor(this, level())) {
         level().mesh->color = *color;
         environment().groundColor = *color;
         mapView->update();
@@ -46,7 +87,7 @@ void editorMain::terrainColor() {
 }
 
 void editorMain::waterColor() {
-    if (const auto color = askForColor(this)) {
+    if (const auto color = askForColor(this, level())) {
         environment().waterColor = *color;
         mapView->update();
         showColors();
@@ -54,7 +95,7 @@ void editorMain::waterColor() {
 }
 
 void editorMain::sunColor() {
-    if (const auto color = askForColor(this)) {
+    if (const auto color = askForColor(this, level())) {
         environment().setSunColor((*color)[0], (*color)[1], (*color)[2]);
         mapView->setDirty(true);
         showColors();

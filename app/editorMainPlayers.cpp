@@ -1,6 +1,7 @@
 // The commands of the page "Players".
 #include "app/editorMain.h"
 
+#include "app/TeamDot.h"
 #include "app/WheelGuard.h"
 #include "map/GLMapWidget.h"
 #include "models/PlayerDialog.h"
@@ -53,6 +54,14 @@ int editorMain::countActiveTeams() {
 void editorMain::refreshCounts() {
     numPlayer->setValue(countActivePlayers());
     numTeams->setValue(countActiveTeams());
+    showTeamDots();
+}
+
+void editorMain::showTeamDots() {
+    const auto all = players();
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        CharID->setItemIcon(int(i), teamDot(*all[i]));
+    }
 }
 
 void editorMain::refreshPlayerPanel() {
@@ -70,7 +79,7 @@ void editorMain::charID_activated(int index) {
     const CharacterNode &player = *all[index];
     groupBox4->setEnabled(player.active);
     activeNow->setChecked(player.active);
-    textLabelName->setText(player.name);
+    showPlayerName(player.name);
     textLabelWeapon->setText(player.weapon);
     textLabelCharacter->setText(player.model);
     textLabelPlaced->setText(player.placed ? tr("yes") : tr("no"));
@@ -118,4 +127,5 @@ void editorMain::EditPlayer() {
     dialog.copyTo(selectedPlayer());
     refreshPlayerPanel();
     numTeams->setValue(countActiveTeams());
+    showTeamDots();
 }

@@ -52,6 +52,7 @@ void editorMain::readBackLevel() {
     mapView->setRandomGeo(level().mesh->randomGeography);
     birdsNumber->setValue(environment().birdsNumber);
     showColors();
+    showTeamDots();
 }
 
 void editorMain::readBackOptions() {

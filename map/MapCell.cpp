@@ -1,5 +1,6 @@
 #include "map/MapCell.h"
 
+#include "scene/CharacterNames.h"
 #include "scene/CharacterNode.h"
 
 #include <GL/gl.h>
@@ -17,9 +18,6 @@ constexpr std::array<float, 3> waterColor{0.05F, 0.05F, 0.75F};
 constexpr float margin = 0.05F;
 /// Width of the frame that a player's mark leaves of the cell.
 constexpr float frame = 0.015F;
-
-constexpr std::array<std::array<float, 3>, CharacterNode::teamCount> teamColors{
-    {{0, 0, 1}, {0, 1, 0}, {1, 0, 0}, {1, 1, 1}}};
 
 void sendCorners(const std::array<Vec3, 4> &corners) {
     glBegin(GL_POLYGON);

@@ -71,6 +71,8 @@ PlayerDialog::PlayerDialog(QWidget *parent, const QString &name, bool modal, Qt:
     languageChange();
     resize(minimumSizeHint().expandedTo(QSize(476, 308)));
     connectControls();
+    Name->setFocus();
+    Name->selectAll();
 }
 
 void PlayerDialog::makeControls() {
@@ -98,6 +100,7 @@ void PlayerDialog::makePreview() {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     policy.setVerticalStretch(4);
     PreviewPlayerWidget->setSizePolicy(policy);
+    PreviewPlayerWidget->setMinimumSize(160, 160);
 }
 
 void PlayerDialog::layOut() {

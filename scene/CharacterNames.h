@@ -7,6 +7,10 @@
 inline constexpr std::array<const char *, 7> characterNames{"Terminator", "Hayden", "Hunter", "Rat",
                                                             "Dire",       "Walker", "Marine"};
 inline constexpr std::array<const char *, 4> teamNames{"Blue", "Green", "Red", "Personal"};
+
+/// Red, green and blue, from 0 to 1, of a team's mark.
+inline constexpr std::array<std::array<float, 3>, teamNames.size()> teamColors{
+    {{0, 0, 1}, {0, 1, 0}, {1, 0, 0}, {1, 1, 1}}};
 inline constexpr std::array<const char *, 3> weaponNames{"Small gun", "Annientatore", "Standard"};
 
 /// What a level stores for each of weaponNames.

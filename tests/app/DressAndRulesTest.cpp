@@ -7,12 +7,19 @@ class DressAndRulesTest : public QObject {
 private slots:
     void texturesAreStoredAsPathsOfTheDataTree() {
         const EditorDriver editor;
+        QVERIFY(QDir().mkpath(QStringLiteral("data/textures")));
+        QImage picture(64, 64, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QVERIFY(picture.save(QStringLiteral("data/textures/eagle2.jpg")));
         const BackgroundNode &environment = editor.environment();
         GLMapWidget &view = *editor.window->mapView;
         view.reinitPending = false;
         editor.pick("birdTextureType", QStringLiteral("eagle2"));
         QCOMPARE(environment.birdTexture, QStringLiteral("./data/textures/eagle2.jpg"));
         QVERIFY(!view.reinitPending);
+        const auto &birds = editor.find<QComboBox>("birdTextureType");
+        QCOMPARE(birds.itemIcon(2).availableSizes(), QList<QSize>{QSize(16, 16) * birds.devicePixelRatio()});
+        QVERIFY(birds.itemIcon(0).isNull());
         editor.pick("TerrainTextureType", QStringLiteral("daffodils"));
         QCOMPARE(environment.groundTexture, QStringLiteral("./data/textures/daffodils.jpg"));
         QCOMPARE(editor.level().mesh->texture, environment.groundTexture);

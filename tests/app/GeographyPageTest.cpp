@@ -27,6 +27,8 @@ private slots:
         const auto pickColor = [](QColorDialog &colors) {
             QCOMPARE(colors.objectName(), QStringLiteral("color dialog"));
             QCOMPARE(colors.currentColor(), QColor(Qt::white));
+            QCOMPARE(QColorDialog::customColor(13), QColor(Qt::white));
+            QCOMPARE(QColorDialog::customColor(15), QColor(51, 102, 204));
             auto *const html = colors.findChild<QLineEdit *>();
             html->selectAll();
             QTest::keyClicks(html, QStringLiteral("#330066"));

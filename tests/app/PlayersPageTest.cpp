@@ -1,6 +1,8 @@
 #include "EditorDriver.h"
 #include "models/PlayerDialog.h"
 
+#include <QToolTip>
+
 /// The page "Players": slots, activity, start positions, placing and counting.
 class PlayersPageTest : public QObject {
     Q_OBJECT
@@ -34,6 +36,13 @@ private slots:
         QCOMPARE(text(editor, "textLabelTeam"), QStringLiteral("Red"));
         QCOMPARE(text(editor, "textLabelWait"), QStringLiteral("99"));
         QVERIFY(editor.find<QGroupBox>("groupBox4").isEnabled());
+        auto &name = editor.find<QLabel>("textLabelName");
+        QVERIFY(name.toolTip().isEmpty());
+        const QString endless = QStringLiteral("Zoë the Long ").repeated(20);
+        editor.player(1).name = endless;
+        editor.window->readBackLevel();
+        QCOMPARE(name.text(), endless);
+        QCOMPARE(name.toolTip(), endless);
         editor.pick("CharID", QStringLiteral("16"));
         QVERIFY(!editor.find<QGroupBox>("groupBox4").isEnabled());
         QVERIFY(!editor.find<QCheckBox>("activeNow").isChecked());
@@ -57,9 +66,16 @@ private slots:
         editor.click("activeNow");
         editor.click("Place");
         QCOMPARE(editor.player(1).cell, CharacterNode::notPlaced);
+        const auto middleOfDot = [&] {
+            return editor.find<QComboBox>("CharID").itemIcon(1).pixmap(16, 16).toImage().pixelColor(8, 8);
+        };
+        QCOMPARE(middleOfDot().alpha(), 0);
+        QCOMPARE(QToolTip::text(), QStringLiteral("No selected cell is free"));
+        QVERIFY(!editor.find<QPushButton>("Place").isChecked());
         editor.selectCell(8, 2);
         editor.click("Place");
         QCOMPARE(editor.player(1).cell, 48);
+        QCOMPARE(middleOfDot(), QColor(Qt::blue));
         // Both on the team Blue.
         QCOMPARE(shownCounts(editor), std::pair(2, 1));
         ViewDriver map = editor.map();
@@ -113,7 +129,7 @@ private slots:
         QCOMPARE(editor.player(1).teamIndex, 0);
         QVERIFY(EditorDriver::answer<PlayerDialog>(open, [](PlayerDialog &form) {
             QCOMPARE(form.Name->text(), QStringLiteral("john doe"));
-            form.Name->selectAll();
+            QCOMPARE(form.Name->selectedText(), form.Name->text());
             QTest::keyClicks(form.Name, QStringLiteral("Ada"));
             QTest::keyClick(form.TeamBox, Qt::Key_Down);
             QTest::keyClick(form.WeaponBox, Qt::Key_Up);

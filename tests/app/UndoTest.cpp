@@ -17,8 +17,6 @@ struct Seen {
     QByteArray cells;
     QStringList controls;
     int slot = 0; ///< The player whose panel was shown.
-
-    friend bool operator==(const Seen &, const Seen &) = default;
 };
 
 /// What undo must not touch.
@@ -398,9 +396,9 @@ private slots:
         };
         map.wheel(120);
         const std::size_t before = inUse();
-        for (int i = 0; i < 100; ++i) {
+        for (std::size_t i = 1; i <= 100; ++i) {
             editor.window->mapView->cells->clearSelection();
-            editor.window->mapView->cells->cells[std::size_t(1 + i)].selected = true;
+            editor.window->mapView->cells->cells[i].selected = true;
             map.wheel(120);
         }
         QCOMPARE(steps(editor), 101);

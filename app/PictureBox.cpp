@@ -1,0 +1,46 @@
+#include "app/PictureBox.h"
+
+#include "environment/PathLookup.h"
+
+#include <QImageReader>
+#include <QPixmap>
+
+namespace {
+
+/// A picture's middle in that many device pixels, or the whole of it in no more; decoded no larger
+/// than need be. Null where there is none.
+QImage smallPicture(const QString &fileName, const QSize &size, bool whole) {
+    QImageReader reader(existingPath(fileName));
+    reader.setScaledSize(
+        reader.size().scaled(size, whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding));
+    const QImage picture = reader.read();
+    if (picture.isNull() || whole) {
+        return picture;
+    }
+    QRect middle(QPoint(), size);
+    middle.moveCenter(picture.rect().center());
+    return picture.copy(middle);
+}
+
+} // namespace
+
+PictureBox::PictureBox(QWidget *parent) : QComboBox(parent) {
+    // As high as the style's own icons: the box must not grow when it gets pictures.
+    setIconSize(QSize(32, 16));
+}
+
+void PictureBox::showPopup() {
+    for (int i = 0; i < count(); ++i) {
+        if (!itemIcon(i).isNull()) {
+            continue;
+        }
+        const QImage picture = smallPicture(pictureFile.arg(itemData(i).toString()),
+                                            iconSize() * devicePixelRatioF(), wholePictures);
+        if (!picture.isNull()) {
+            QPixmap pixmap = QPixmap::fromImage(picture);
+            pixmap.setDevicePixelRatio(devicePixelRatioF());
+            setItemIcon(i, pixmap);
+        }
+    }
+    QComboBox::showPopup();
+}

@@ -1,6 +1,8 @@
 #include "tests/support/ViewDriver.h"
 #include "tests/support/druvelkTest.h"
 
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
 #include <QTemporaryDir>
 #include <numeric>
 
@@ -166,17 +168,23 @@ private slots:
             }
         }
         QVERIFY(tile.save(QStringLiteral("data/textures/tile.png")));
-        GLMapWidget view;
-        ViewDriver driver(view);
+        auto view = std::make_unique<GLMapWidget>();
+        ViewDriver driver(*view);
         QVERIFY(driver.show(1000, 1000));
         const QPoint center = driver.cellAt(10, 10);
         QVERIFY(shows(driver.pixel(center - QPoint(0, 12)), 0.95F, 0.475F, 0.475F));
         QVERIFY(shows(driver.pixel(center + QPoint(0, 12)), 0, 0, 0));
-        QCOMPARE(view.cells->tileTexture != 0, true);
-        const GLuint name = view.cells->tileTexture;
-        view.resize(900, 900);
+        const GLuint name = view->cells->tileTexture;
+        view->resize(900, 900);
         driver.paint();
-        QCOMPARE(view.cells->tileTexture, name);
+        QCOMPARE(view->cells->tileTexture, name);
+        QOffscreenSurface surface;
+        surface.create();
+        QOpenGLContext other; // It shares its names with the view's.
+        other.setShareContext(QOpenGLContext::globalShareContext());
+        QVERIFY(other.create() && other.makeCurrent(&surface) && glIsTexture(name));
+        view.reset();
+        QVERIFY(other.makeCurrent(&surface) && !glIsTexture(name));
     }
 
     void erodingRoundsAndRecolours() {

@@ -1,4 +1,3 @@
-#include "environment/CubeMapSupport.h"
 #include "tests/support/PreviewProbe.h"
 #include "tests/support/druvelkTest.h"
 
@@ -26,14 +25,6 @@ private slots:
     }
 
     void cleanup() { view.reset(); }
-
-    void theDriverTakesTheWantedSkyPath() {
-        view->makeCurrent();
-        const bool withoutCubeMaps = qEnvironmentVariable("MESA_EXTENSION_OVERRIDE")
-                                         .contains(QLatin1String("-GL_ARB_texture_cube_map"));
-        QCOMPARE(cubeMapsAvailable(), !withoutCubeMaps);
-        view->doneCurrent();
-    }
 
     void theFirstFrameIsComplete() {
         QVERIFY(

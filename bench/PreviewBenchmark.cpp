@@ -268,6 +268,21 @@ void addFilters(RatioTable &table, Stage &stage) {
     add("a frame, anisotropy 16", 16, 0);
 }
 
+/// Uploads each picture into a texture of its own, as the first set-up does.
+template <typename Pictures, typename Upload>
+void uploadAnew(Pictures first, Pictures last, Upload upload) {
+    std::vector<GLuint> textures(static_cast<std::size_t>(last - first));
+    const auto count = static_cast<GLsizei>(textures.size());
+    glGenTextures(count, textures.data());
+    for (const GLuint texture : textures) {
+        glBindTexture(GL_TEXTURE_2D, texture);
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+        upload(*first++);
+    }
+    glFinish();
+    glDeleteTextures(count, textures.data());
+}
+
 /// The means of four texels each, level by level, as plain loops.
 void uploadMeans(const QImage &image) {
     int side = image.width();
@@ -293,7 +308,7 @@ constexpr std::array pieces{"entering: reading the pictures", "entering: mipmaps
                             "entering: six faces", "entering: list, and a frame", "entering: normals"};
 constexpr const char *entering = "entering, in all";
 
-void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &images, GLuint texture) {
+void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &images) {
     const auto split = images.begin() + Pictures::surfaces;
     table.add({.name = pieces[0],
                .work =
@@ -312,27 +327,17 @@ void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &ima
                .limit = 1.3});
     table.add({.name = pieces[1],
                .work =
-                   [&images, split, texture] {
-                       glBindTexture(GL_TEXTURE_2D, texture);
-                       std::for_each(images.begin(), split,
-                                     [](const QImage &image) { uploadWithMipmaps(GL_TEXTURE_2D, image); });
-                       glFinish();
+                   [&images, split] {
+                       uploadAnew(images.begin(), split,
+                                  [](const QImage &image) { uploadWithMipmaps(GL_TEXTURE_2D, image); });
                    },
                .floorName = "loops over bytes, glTexImage2D",
-               .floor =
-                   [&images, split, texture] {
-                       glBindTexture(GL_TEXTURE_2D, texture);
-                       std::for_each(images.begin(), split, uploadMeans);
-                       glFinish();
-                   }});
+               .floor = [&images, split] { uploadAnew(images.begin(), split, uploadMeans); }});
     table.add({.name = pieces[2],
                .work =
-                   [&images, split, texture] {
-                       glBindTexture(GL_TEXTURE_2D, texture);
-                       std::for_each(split, images.end(), [](const QImage &image) {
-                           uploadWithoutMipmaps(GL_TEXTURE_2D, image, 4);
-                       });
-                       glFinish();
+                   [&images, split] {
+                       uploadAnew(split, images.end(),
+                                  [](const QImage &image) { uploadWithoutMipmaps(GL_TEXTURE_2D, image, 4); });
                    },
                .floorName = "copying their bytes",
                .floor =
@@ -442,7 +447,7 @@ int main(int argc, char **argv) {
     addDrawing(table, stage);
     addFilters(table, stage);
     addSetUps(table, stage, texture);
-    addEntering(table, stage, images, texture);
+    addEntering(table, stage, images);
     const int status = table.run(argc, argv);
     const bool named = allIsNamed(table);
     const bool agree = picturesAgree(stage);

@@ -53,6 +53,27 @@ QSet<QString> &unreadablePictures() {
     return names;
 }
 
+/// Blue, green, red, alpha to red, green, blue, alpha.
+QRgb swapped(QRgb texel) {
+    return (texel & 0xff00ff00U) | ((texel >> 16U) & 0xffU) | ((texel & 0xffU) << 16U);
+}
+
+/// Turns the picture upside down and swaps red and blue, in one pass.
+void turnIntoGLLayout(QImage &image) {
+    const int width = image.width();
+    const int last = image.height() - 1;
+    for (int y = 0; y <= last / 2; ++y) {
+        auto *const upper = reinterpret_cast<QRgb *>(image.scanLine(y));
+        auto *const lower = reinterpret_cast<QRgb *>(image.scanLine(last - y));
+        for (int x = 0; x < width; ++x) {
+            const QRgb texel = swapped(upper[x]);
+            upper[x] = swapped(lower[x]);
+            lower[x] = texel;
+        }
+    }
+    image.reinterpretAsFormat(QImage::Format_RGBA8888);
+}
+
 bool isPowerOfTwo(int side) {
     return std::has_single_bit(static_cast<unsigned>(side));
 }
@@ -75,10 +96,13 @@ PictureFile findPicture(const QString &fileName) {
     return file;
 }
 
-// Both steps work in place: a large picture is held once.
+// A large picture is held once: all steps work in place.
 QImage toGLImage(QImage image) {
-    if (image.isNull()) {
-        return {};
+    const bool decodersOwn =
+        image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32;
+    if (decodersOwn && std::endian::native == std::endian::little) {
+        turnIntoGLLayout(image);
+        return image;
     }
     image.convertTo(QImage::Format_RGBA8888);
     return std::move(image).mirrored(false, true);

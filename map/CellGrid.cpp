@@ -127,21 +127,22 @@ void CellGrid::drawOverview() {
     glGetIntegerv(GL_VIEWPORT, viewport.data());
     glBindTexture(GL_TEXTURE_2D, tileTexture);
     glEnable(GL_TEXTURE_2D);
-    const auto centerX = [](const MapCell &cell) { return 0.95 - cellSize * (cell.index % cellsPerSide); };
-    const auto centerY = [](const MapCell &cell) { return -0.95 + cellSize * (cell.index / cellsPerSide); };
     // The many cells without a player go in one call.
     std::vector<CellCorner> corners;
     corners.reserve(4 * cells.size());
     for (MapCell &cell : cells) {
+        const int column = cell.index % cellsPerSide;
+        const int row = cell.index / cellsPerSide;
+        const double x = 0.95 - cellSize * column;
+        const double y = -0.95 + cellSize * row;
         if (cell.vacant) {
-            const auto picture =
-                cell.picture(static_cast<float>(centerX(cell)), static_cast<float>(centerY(cell)));
+            const auto picture = cell.picture(static_cast<float>(x), static_cast<float>(y));
             corners.insert(corners.end(), picture.begin(), picture.end());
             continue;
         }
         glPushMatrix();
         glLoadIdentity();
-        glTranslated(centerX(cell), centerY(cell), 0);
+        glTranslated(x, y, 0);
         cell.draw();
         glPopMatrix();
     }

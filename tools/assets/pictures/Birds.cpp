@@ -12,22 +12,6 @@ namespace {
 constexpr int canvasSide = 1024;
 constexpr int pictureSide = 256;
 
-/// What makes one bird differ from another; lengths are those of the canvas.
-struct BirdLook {
-    QColor ground;
-    QColor back, belly, head, nape;
-    QColor beak, lowerBeak, face, eye, feet;
-    QColor primary, primaryTip, secondary, secondaryTip;
-    QColor covert, middleCovert, smallCovert;
-    QColor tail, tailTip;
-    double tailLength = 240;
-    double tailSpread = 0.5;
-    double wingLength = 1;
-    double fingers = 0.3; ///< How far apart the wing's outermost feathers stand.
-    double hook = 1;      ///< Size of the beak.
-    bool talons = true;
-};
-
 /// The bones of a raised wing.
 struct WingBones {
     QPointF shoulder, wrist, hand;
@@ -294,8 +278,10 @@ void paintTail(QPainter &painter, const BirdLook &look, Random &random) {
     paintRow(painter, row, random);
 }
 
-QImage paintBird(const BirdLook &look, std::uint32_t seed) {
-    Random random(seed);
+} // namespace
+
+QImage paintBird(const BirdLook &look) {
+    Random random(look.seed);
     QImage canvas(canvasSide, canvasSide, QImage::Format_RGB32);
     canvas.fill(look.ground);
     QPainter painter(&canvas);
@@ -312,86 +298,4 @@ QImage paintBird(const BirdLook &look, std::uint32_t seed) {
     paintWing(painter, look, {{630, 590}, {700, 388}, {626, 246}}, 0.0, random);
     painter.end();
     return canvas.scaled(pictureSide, pictureSide, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
-
-BirdLook brownEagle() {
-    BirdLook look;
-    look.ground = QColor(176, 196, 214);
-    look.back = QColor(92, 62, 38);
-    look.belly = QColor(78, 54, 36);
-    look.nape = QColor(158, 108, 52);
-    look.head = QColor(184, 132, 66);
-    look.beak = QColor(84, 82, 84);
-    look.lowerBeak = QColor(206, 168, 60);
-    look.face = QColor(170, 124, 62);
-    look.eye = QColor(226, 150, 40);
-    look.feet = QColor(226, 176, 52);
-    look.primary = QColor(86, 64, 46);
-    look.primaryTip = QColor(42, 32, 26);
-    look.secondary = QColor(112, 84, 58);
-    look.secondaryTip = QColor(66, 48, 34);
-    look.covert = QColor(128, 92, 56);
-    look.middleCovert = QColor(150, 110, 66);
-    look.smallCovert = QColor(104, 72, 44);
-    look.tail = QColor(132, 106, 78);
-    look.tailTip = QColor(50, 38, 30);
-    return look;
-}
-
-} // namespace
-
-QImage brownEaglePicture() {
-    return paintBird(brownEagle(), 1001);
-}
-
-QImage whiteHeadedEaglePicture() {
-    BirdLook look = brownEagle();
-    look.ground = QColor(196, 206, 206);
-    look.back = QColor(62, 46, 36);
-    look.belly = QColor(54, 42, 34);
-    look.nape = QColor(236, 232, 222);
-    look.head = QColor(248, 246, 240);
-    look.face = QColor(240, 236, 222);
-    look.beak = QColor(240, 182, 40);
-    look.lowerBeak = QColor(224, 160, 34);
-    look.eye = QColor(250, 220, 110);
-    look.primary = QColor(60, 48, 42);
-    look.primaryTip = QColor(28, 24, 24);
-    look.secondary = QColor(84, 66, 54);
-    look.secondaryTip = QColor(46, 36, 32);
-    look.covert = QColor(88, 68, 54);
-    look.middleCovert = QColor(74, 56, 44);
-    look.smallCovert = QColor(60, 46, 38);
-    look.tail = QColor(238, 236, 228);
-    look.tailTip = QColor(252, 251, 248);
-    look.hook = 1.12;
-    return paintBird(look, 1002);
-}
-
-QImage parrotPicture() {
-    BirdLook look;
-    look.ground = QColor(186, 206, 190);
-    look.back = QColor(206, 30, 28);
-    look.belly = QColor(188, 22, 26);
-    look.nape = QColor(214, 32, 30);
-    look.head = QColor(222, 40, 34);
-    look.beak = QColor(232, 220, 196);
-    look.lowerBeak = QColor(44, 40, 42);
-    look.face = QColor(246, 240, 230);
-    look.eye = QColor(244, 226, 130);
-    look.primary = QColor(28, 74, 178);
-    look.primaryTip = QColor(18, 36, 110);
-    look.secondary = QColor(36, 104, 200);
-    look.secondaryTip = QColor(24, 60, 160);
-    look.covert = QColor(54, 150, 92);
-    look.middleCovert = QColor(246, 196, 40);
-    look.smallCovert = QColor(212, 34, 30);
-    look.tail = QColor(204, 32, 30);
-    look.tailTip = QColor(34, 70, 170);
-    look.tailLength = 350;
-    look.tailSpread = 0.10;
-    look.wingLength = 0.86;
-    look.hook = 1.3;
-    look.talons = false;
-    return paintBird(look, 1003);
 }

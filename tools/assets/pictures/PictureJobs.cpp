@@ -35,9 +35,10 @@ AssetJob pictureJob(const NamedPicture &named, int quality) {
             }};
 }
 
-AssetJob birdJob(const char *bird, QImage (*make)()) {
-    const QString name = QStringLiteral("textures/%1.jpg").arg(QLatin1String(bird));
-    return {name, [name, make](const QDir &data) { return writeImage(data, name, make(), birdQuality); }};
+AssetJob birdJob(const BirdLook &look) {
+    const QString name = QStringLiteral("textures/%1.jpg").arg(QLatin1String(look.name));
+    return {name,
+            [name, &look](const QDir &data) { return writeImage(data, name, paintBird(look), birdQuality); }};
 }
 
 AssetJob skyJob(const Sky &sky, int face) {
@@ -77,9 +78,9 @@ std::vector<AssetJob> pictureJobs() {
     for (const NamedPicture &water : waters) {
         jobs.push_back(pictureJob(water, waterQuality));
     }
-    jobs.push_back(birdJob("parrot", parrotPicture));
-    jobs.push_back(birdJob("eagle1", brownEaglePicture));
-    jobs.push_back(birdJob("eagle2", whiteHeadedEaglePicture));
+    for (const BirdLook &look : birdLooks()) {
+        jobs.push_back(birdJob(look));
+    }
     const QString tile = QStringLiteral("textures/tile.png");
     jobs.push_back(
         {tile, [tile](const QDir &data) { return writeImage(data, tile, toImage(cellTile()), 90); }});

@@ -68,15 +68,15 @@ float net(glm::vec2 uv, glm::vec2 bend, int period, std::uint32_t seed) {
 /// but what lies under water is seldom blue: a body that is bluer than it is bright hides more of it.
 using Tones = std::vector<glm::vec3>;
 
-const Tones clearTones{{0.01F, 0.05F, 0.06F},
-                       {0.08F, 0.16F, 0.19F},
-                       {0.26F, 0.37F, 0.40F},
-                       {0.62F, 0.72F, 0.74F},
+const Tones clearTones{{0.01F, 0.05F, 0.08F},
+                       {0.06F, 0.17F, 0.24F},
+                       {0.24F, 0.38F, 0.44F},
+                       {0.62F, 0.73F, 0.76F},
                        {0.95F, 0.97F, 0.98F}};
-const Tones deepTones{{0.01F, 0.07F, 0.24F},
-                      {0.05F, 0.17F, 0.46F},
-                      {0.18F, 0.36F, 0.62F},
-                      {0.60F, 0.73F, 0.84F},
+const Tones deepTones{{0.01F, 0.10F, 0.21F},
+                      {0.05F, 0.23F, 0.42F},
+                      {0.18F, 0.42F, 0.59F},
+                      {0.60F, 0.75F, 0.84F},
                       {0.95F, 0.97F, 0.98F}};
 const Tones stormTones{{0.06F, 0.07F, 0.08F},
                        {0.17F, 0.19F, 0.21F},

@@ -70,8 +70,7 @@ void shapeLakeValley(Sculptor &sculptor) {
         const double chain = std::max({26 * peak(c, r, 4.2, 14.4, 5.4), 21 * peak(c, r, 8.6, 16.4, 4.6),
                                        15 * peak(c, r, 12.6, 15.6, 3.8), 19 * peak(c, r, 2.6, 10.4, 4)});
         const double hills = 9 * hill(c, r, 16.2, 14.4, 3.6) + 5 * hill(c, r, 17, 9.5, 2.4) +
-                             6 * hill(c, r, 5, 3.8, 3.6) + 5 * hill(c, r, 16.6, 3.6, 2.8) +
-                             4 * hill(c, r, 9.8, 2.4, 2.6);
+                             6 * hill(c, r, 5, 3.8, 3.6) + 2 * hill(c, r, 9.8, 2.4, 2.6);
         const double knoll = 7 * hill(c, r, 12.4, 7.0, 2.4);
         const double rough = chain > 2 ? 2.2 * roll(c, r, 1.2) : 0.6 * roll(c, r, 2.2);
         const double open = std::min(1.0, fromEdge(c, r) / 1.5);

@@ -35,27 +35,7 @@ float lookAround(float phase) {
 }
 
 void stand(const Body &body, Stance &stance, float phase) {
-    if (body.figure.stand) {
-        body.figure.stand(stance, phase);
-        return;
-    }
-    const IdleMotion &idle = body.figure.idle;
-    const float breath = wave(phase, idle.breaths);
-    const float weight = wave(phase, 1, 0.1f);
-    const float look = lookAround(phase);
-    const float lift = idle.lift;
-    stance.shift = {0.2f * idle.sway * wave(phase, 2), idle.sway * weight,
-                    -idle.sink * (1.0f - breath) * 0.5f};
-    stance.pelvis = {1.2f * idle.sway * weight, 0, 1.5f * weight};
-    stance.waist = {-1.4f * idle.sway * weight, -0.4f * idle.breath * breath, 2.0f * look};
-    stance.chest = {0, -idle.breath * breath, 3.0f * look};
-    stance.neck = {0, 0.5f * idle.breath * breath, 0.35f * idle.look * look};
-    stance.head = {2.0f * look, idle.lookDown * (0.5f - 0.5f * wave(phase, 2, 0.25f)),
-                   0.65f * idle.look * look};
-    stance.weaponTurn = {0.4f * lift * wave(phase, 2), lift * wave(phase, idle.breaths, 0.15f),
-                         0.8f * lift * wave(phase, 1, 0.3f)};
-    if (!idle.leftHandOnWeapon)
-        stance.left = {1.0f, body.rig.at(body.rig.arm[Left].end), glm::vec3(0.0f), body.rig.chest};
+    body.figure.stand(stance, phase);
 }
 
 /// One foot of a walk or run on the spot: back along the floor, forward through the air.
@@ -248,7 +228,7 @@ void fall(const Body &body, Stance &stance, float phase, const glm::vec3 &turn) 
     stance.shift += glm::vec3(0, 0, -0.3f) * (body.leg * give);
     stance.left = {
         std::min(1.0f, 2.5f * phase), body.fromShoulder({0.35f, 0.75f, -0.2f + 0.3f * down}), {}, 0};
-    stance.weaponTurn = glm::vec3(0, 20, -30) * down;
+    stance.weaponTurn = glm::vec3(0, 10, 50) * down; // Across the chest.
     stance.foot[Right].shift += glm::vec3(0.0f, -0.08f, 0.22f) * (body.leg * down);
     stance.foot[Left].shift += glm::vec3(0.1f, 0.12f, 0.05f) * (body.leg * down);
     for (Stance::Foot &foot : stance.foot)
@@ -264,7 +244,9 @@ void death2(const Body &body, Stance &stance, float phase) {
     fall(body, stance, phase, {0, 84, 0});
     stance.waist.y = 14.0f * (1.0f - phase);
     stance.head = {0, -18 * phase, -40 * phase};
-    stance.weaponShift = glm::vec3(-3, 0, -3) * phase;
+    // Flung ahead of the body, along the floor.
+    stance.weaponShift = glm::vec3(-5, -2, 9) * phase;
+    stance.weaponTurn = glm::vec3(0, -64, -20) * phase;
 }
 void death3(const Body &body, Stance &stance, float phase) {
     fall(body, stance, phase, {82, 0, 40});

@@ -157,7 +157,7 @@ void addLeg(Figure &beast, Side side) {
 }
 
 /// He snorts twice with a toss of the head, then rolls his shoulders one after the other.
-void stand(const Rig &rig, Stance &stance, float phase) {
+void stand(Stance &stance, float phase) {
     const float weight = wave(phase, 1, 0.05f);
     const float breath = wave(phase, 4);
     const float rear =
@@ -174,12 +174,6 @@ void stand(const Rig &rig, Stance &stance, float phase) {
     stance.head = {-5.0f * rolling * turn, -6.0f * rear + 3.0f * rolling, 0.6f * look};
     stance.weaponShift = {0, 0, 1.6f * rolling * turn + 0.8f * breath};
     stance.weaponTurn = {0, 2.0f * breath + 3.0f * rear, 3.0f * rolling * quarter};
-    const glm::vec3 rest = rig.at(rig.arm[Left].end);
-    stance.left = {1.0f,
-                   rest + glm::vec3(1.6f * rolling * quarter - 1.0f * rear, 0.8f * breath + 1.2f * rolling,
-                                    2.0f * rolling * turn + 0.5f * breath),
-                   {0, 6.0f * rolling * quarter, -8.0f * rear},
-                   rig.chest};
 }
 
 /// The jaw falls open in a snort.
@@ -203,11 +197,9 @@ RigPlan plan() {
     plan.upperArm = 13.5f;
     plan.foreArm = 13;
     plan.weaponSize = 1.15f;
-    plan.grip = {12.5f, -13.5f, 29.0f};
-    plan.aim = {4, -8, 22};
-    // The left hand hangs free: far from the weapon, in its units.
-    plan.leftWrist = {5.0f, 30.0f, -4.0f};
-    plan.elbowPole = {glm::vec3(-0.6f, -0.8f, -0.4f), glm::vec3(-0.5f, 1.0f, 0.1f)};
+    plan.grip = {11.5f, -9.0f, 31.0f};
+    plan.aim = {-4, -10, 54};
+    plan.elbowPole = {glm::vec3(-0.6f, -0.8f, -0.4f), glm::vec3(-0.3f, 1.0f, -0.8f)};
     return plan;
 }
 
@@ -218,13 +210,7 @@ RigPlan plan() {
 Figure makeDire() {
     Figure beast(dire::plan());
     const Bone jaw = beast.rig.skeleton.add({5.4f, 0, 46.0f}, beast.rig.head);
-    beast.idle.leftHandOnWeapon = false;
-    beast.stand = [rig = beast.rig](Stance &stance, float phase) { dire::stand(rig, stance, phase); };
-    beast.manner = [wrist = beast.rig.at(beast.rig.arm[Left].end), chest = beast.rig.chest](Stance &stance,
-                                                                                            const Moment &) {
-        if (stance.left.amount < 1.0f)
-            stance.left = {1.0f, wrist, glm::vec3(0.0f), chest};
-    };
+    beast.stand = dire::stand;
     beast.extra = [jaw](Pose &pose, float phase) { dire::breathe(jaw, pose, phase); };
     dire::addTrunk(beast);
     dire::addKilt(beast);
@@ -233,9 +219,8 @@ Figure makeDire() {
     for (const Side side : {Right, Left}) {
         dire::addArm(beast, side);
         dire::addLeg(beast, side);
+        addFist(beast, side, Material::Hide, dire::hide * 0.92f, 1.3f);
     }
     dire::addPauldron(beast);
-    addFist(beast, Right, Material::Hide, dire::hide * 0.92f, 1.3f);
-    dire::addClaw(beast);
     return beast;
 }

@@ -19,7 +19,4 @@ void addMane(Figure &beast);
 void addArm(Figure &beast, Side side);
 void addPauldron(Figure &beast);
 
-/// The free hand: a half-open claw.
-void addClaw(Figure &beast);
-
 } // namespace dire

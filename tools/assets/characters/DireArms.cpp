@@ -74,33 +74,4 @@ void addPauldron(Figure &beast) {
     }
 }
 
-void addClaw(Figure &beast) {
-    const Rig &rig = beast.rig;
-    const Limb &arm = rig.arm[Left];
-    const Influence hand = on(arm.end);
-    const glm::vec3 wrist = rig.at(arm.end);
-    const glm::vec3 way = glm::normalize(wrist - rig.at(arm.lower));
-    const float s = 1.4f;
-    Part &palm = beast.add(Material::Hide, hide * 0.92f, softProfile(8, 2.8f), {1, 0, 0});
-    palm.ring(wrist - way * 1.5f, glm::vec2(1.8f, 2.0f), between(arm.lower, arm.end, 0.5f))
-        .ring(wrist + way * 2.2f * s, glm::vec2(1.5f, 2.9f) * s, hand)
-        .ring(wrist + way * 4.0f * s, glm::vec2(1.4f, 2.8f) * s, hand)
-        .tip(wrist + way * 4.8f * s, hand);
-    for (int i = 0; i < 4; ++i) {
-        const bool thumb = i == 3;
-        const glm::vec3 root =
-            wrist + s * (thumb ? way * 1.6f + glm::vec3(2.4f, 0, 0)
-                               : way * 3.8f + glm::vec3(1.9f - 1.9f * static_cast<float>(i), 0.3f, 0));
-        const glm::vec3 bend = thumb ? s * glm::vec3(1.0f, -0.6f, 0) : s * glm::vec3(0.4f, 0.3f, 0);
-        Part &finger = beast.add(Material::Hide, hide * 0.88f, roundProfile(4), {0.3f, 1, 0.2f});
-        finger.lids = false; // It grows out of the palm.
-        finger.ring(root - way, glm::vec2(0.95f * s), hand)
-            .ring(root + way * 2.0f * s + bend, glm::vec2(0.8f * s), hand)
-            .tip(root + way * 4.6f * s + bend + s * glm::vec3(0.3f, -1.6f, 0), hand);
-        finger.decorate = [](const SurfacePoint &at, Coat &coat) {
-            paint(coat, horn * 0.6f, glm::smoothstep(0.60f, 0.66f, at.along));
-        };
-    }
-}
-
 } // namespace dire

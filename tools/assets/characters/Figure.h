@@ -30,25 +30,12 @@ struct Moment {
     float phase = 0.0f;         ///< 0 … 1; an animation that does not loop ends at 1.
 };
 
-/// How a figure without a `stand` of its own idles: lengths in units, turns in degrees, over one loop.
-struct IdleMotion {
-    float breath = 1.6f; ///< Degrees the chest lifts.
-    unsigned breaths = 5;
-    float sway = 0.7f;  ///< Shift of the weight to each side.
-    float sink = 0.35f; ///< How far the hips go down with each breath.
-    float look = 32.0f; ///< Turn of the head to each side.
-    float lookDown = 6.0f;
-    float lift = 1.5f; ///< Degrees the weapon rises and sinks.
-    bool leftHandOnWeapon = true;
-};
-
 /// A character: its parts at rest and how it moves.
 struct Figure {
     explicit Figure(const RigPlan &plan) : rig(plan) {}
 
     Rig rig;
     std::vector<Part> parts;
-    IdleMotion idle;
     /// The idle of this figure: fills a stance at rest, phase 0 … 1 over the loop.
     std::function<void(Stance &, float phase)> stand;
     /// What this figure does otherwise than others, in any animation; called last.

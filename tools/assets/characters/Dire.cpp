@@ -111,8 +111,10 @@ void addKilt(Figure &beast) {
             return;
         if (ring > 3 && corner % 2 == 1) // A ragged hem.
             p.z += corner % 4 == 1 ? 1.6f : 0.8f;
-        const float side = glm::smoothstep(0.5f, 4.0f, std::abs(p.y));
-        bones = between(bones.first, thigh[p.y > 0 ? Left : Right], side * (ring == 3 ? 0.55f : 0.85f));
+        // In the middle it hangs between the legs.
+        bones = std::abs(p.y) < 1.0f
+                    ? between(thigh[Right], thigh[Left], 0.5f)
+                    : between(bones.first, thigh[p.y > 0 ? Left : Right], ring == 3 ? 0.55f : 0.85f);
     };
     kilt.decorate = decorateKilt;
 }

@@ -95,21 +95,24 @@ glm::vec3 coatPoint(std::size_t level, unsigned number) {
     return {glm::vec2(at.x, 0) + onOutline(onLeft(number) ? -angle : angle, at.radius + swell), at.z};
 }
 
-/// Above the hips the coat sits on the body; below, each side follows its flap and its leg.
-Influence coatInfluence(Bone pelvis, const std::array<Bone, 2> &thigh, const CoatBones &bones,
+/// Above the hips the coat sits on the body; below, each side follows its flap and its leg: the thigh down
+/// to the knee, the shin at the hem.
+Influence coatInfluence(Bone pelvis, const std::array<Limb, 2> &legs, const CoatBones &bones,
                         std::size_t level, unsigned corner, const Influence &body) {
     if (level >= hipLevel)
         return body;
-    const Side side = onLeft(corner) ? Left : Right;
+    const Limb &leg = legs[onLeft(corner) ? Left : Right];
     const float angle = angleOf(level, corners[corner]);
     const bool behind = angle > 125.0f;
-    const CoatBones::Flap &flap = behind ? bones.back : bones.side[side];
+    const CoatBones::Flap &flap = behind ? bones.back : bones.side[onLeft(corner) ? Left : Right];
     if (level == hipLevel - 1)
-        return between(pelvis, flap.upper, 0.7f);
-    const Bone swinging = level == hipLevel - 2 ? flap.upper : flap.lower;
+        return behind ? between(pelvis, flap.upper, 0.7f) : between(flap.upper, leg.upper, 0.5f);
+    const bool hem = level < hipLevel - 2;
     if (angle == 180.0f)
-        return on(swinging);
-    return between(swinging, thigh[side], behind ? 0.25f : 0.4f);
+        return on(hem ? flap.lower : flap.upper);
+    if (hem)
+        return between(flap.lower, leg.lower, behind ? 0.25f : 0.6f);
+    return between(flap.upper, leg.upper, behind ? 0.25f : 0.75f);
 }
 
 void decorateCoat(const SurfacePoint &at, Coat &coat) {
@@ -218,11 +221,10 @@ void addCoat(Figure &figure, const CoatBones &bones) {
                                                  : on(rig.chest);
         coat.ring({level.x, 0, level.z}, level.radius, body, {0, 0, 1});
     }
-    const std::array<Bone, 2> thigh{rig.leg[Right].upper, rig.leg[Left].upper};
-    coat.sculpt = [bones, thigh, pelvis = rig.pelvis](std::size_t ring, unsigned corner, glm::vec3 &position,
-                                                      Influence &influence) {
+    coat.sculpt = [bones, legs = rig.leg, pelvis = rig.pelvis](std::size_t ring, unsigned corner,
+                                                               glm::vec3 &position, Influence &influence) {
         position = coatPoint(ring, corner);
-        influence = coatInfluence(pelvis, thigh, bones, ring, corner, influence);
+        influence = coatInfluence(pelvis, legs, bones, ring, corner, influence);
     };
     coat.decorate = decorateCoat;
     addBelt(figure);

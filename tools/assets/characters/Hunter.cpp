@@ -52,8 +52,10 @@ void addTunic(Figure &tracker) {
     const std::array<Bone, 2> thigh{rig.leg[Right].upper, rig.leg[Left].upper};
     tunic.sculpt = [thigh](std::size_t ring, unsigned, glm::vec3 &p, Influence &bones) {
         if (ring > 0 && ring < 4) {
-            const float aside = glm::smoothstep(0.5f, 4.0f, std::abs(p.y));
-            bones = between(bones.first, thigh[p.y > 0 ? Left : Right], aside * (ring == 3 ? 0.55f : 0.85f));
+            // In the middle it hangs between the legs.
+            bones = std::abs(p.y) < 1.0f
+                        ? between(thigh[Right], thigh[Left], 0.5f)
+                        : between(bones.first, thigh[p.y > 0 ? Left : Right], ring == 3 ? 0.55f : 0.85f);
         }
     };
     tunic.decorate = decorateTunic;

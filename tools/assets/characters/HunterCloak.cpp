@@ -110,6 +110,7 @@ void decorateCape(const SurfacePoint &at, Coat &coat) {
     const float emblem = glm::length(glm::vec2(p.y, p.z - 25.0f) * glm::vec2(1.0f, 0.75f));
     paint(coat, trim, 0.9f * band(emblem - 3.6f, 0.4f, 0.1f));
     paint(coat, trim, 0.9f * band(p.y, 0.4f, 0.1f) * band(p.z - 25.0f, 6.4f, 0.1f));
+    groove(coat, 0.7f * band(std::abs(emblem - 3.6f) - 0.6f, 0.05f, 0.1f));
     const float edge = std::min(std::abs(at.around * 14.0f - 3.0f), std::abs(at.around * 14.0f - 11.0f));
     groove(coat, band(edge - 0.3f, 0.03f, 0.06f), 0.15f);
 }

@@ -211,7 +211,7 @@ void stand(const Rig &rig, Stance &stance, float phase) {
                    -4.0f * rise + 3.0f * sniff * wave(phase, 9) + 7.0f * scratch, 0.65f * look};
     stance.weaponShift = {-0.6f * scratch, 0, -1.2f * scratch + 0.3f * breath};
     stance.weaponTurn = {0, 12.0f * scratch + 1.0f * breath, -4.0f * scratch};
-    const glm::vec3 ear = rig.at(rig.head) + glm::vec3(0.6f, 6.4f, -0.6f);
+    const glm::vec3 ear = rig.at(rig.head) + glm::vec3(2.6f, 7.2f, 0.6f);
     stance.left = {scratch, ear + glm::vec3(0.6f, 0.2f, 0.9f) * claw, {40, -80, 30}, rig.head};
 }
 

@@ -60,7 +60,7 @@ void addTrunk(Figure &beast) {
         if (corner == 6 && ring > 3)
             p.x -= 0.5f;
         if (blade && (ring == 5 || ring == 6))
-            p += glm::vec3(-0.9f, 0, 0);
+            p += glm::vec3(-0.5f, 0, 0);
         if (corner == 6 && ring > 1 && ring < 4)
             p.x += 0.7f;
     };

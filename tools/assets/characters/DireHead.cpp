@@ -82,7 +82,8 @@ void addJaw(Figure &beast, Bone bone) {
     jaw.tip({13.2f, 0, 44.3f}, hung);
     jaw.decorate = [](const SurfacePoint &at, Coat &coat) {
         paint(coat, underside, 0.5f);
-        paint(coat, gums, glm::smoothstep(0.35f, 0.6f, at.normal.z));
+        paint(coat, gums,
+              glm::smoothstep(0.35f, 0.6f, at.normal.z) * glm::smoothstep(7.0f, 8.0f, at.position.x));
     };
 }
 
@@ -137,10 +138,10 @@ void addMane(Figure &beast) {
     crest.tip({8.4f, 0, 52.4f}, on(rig.head));
     crest.ring({6.4f, 0, 52.9f}, {1.4f, 1.1f}, on(rig.head), {-1, 0, 0.2f})
         .ring({2.6f, 0, 52.8f}, {2.6f, 1.9f}, on(rig.head), {-1, 0, -0.3f})
-        .ring({-1.6f, 0, 50.4f}, {3.8f, 2.4f}, nape, {-0.8f, 0, -0.7f})
-        .ring({-5.2f, 0, 46.4f}, {4.6f, 2.4f}, on(rig.chest), {-0.5f, 0, -1});
-    crest.ring({-6.2f, 0, 39.4f}, {3.9f, 1.9f}, on(rig.chest), {-0.1f, 0, -1})
-        .tip({-5.4f, 0, 31.0f}, on(rig.waist));
+        .ring({-2.0f, 0, 50.8f}, {4.0f, 2.6f}, nape, {-0.8f, 0, -0.7f})
+        .ring({-6.0f, 0, 46.4f}, {4.8f, 2.6f}, on(rig.chest), {-0.5f, 0, -1});
+    crest.ring({-7.2f, 0, 39.4f}, {4.0f, 2.1f}, on(rig.chest), {-0.1f, 0, -1})
+        .tip({-6.0f, 0, 31.0f}, on(rig.waist));
     // Tufts: the ridge stands up and trails behind each ring.
     crest.sculpt = [](std::size_t ring, unsigned corner, glm::vec3 &p, Influence &) {
         if (corner == 3 && ring > 0 && ring < 6)

@@ -47,7 +47,7 @@ void addMantle(Figure &tracker) {
     level(38.0f, -0.4f, {9.4f, 7.2f});
     level(43.4f, -0.3f, {8.4f, 5.9f});
     level(46.6f, -0.2f, {5.4f, 4.4f});
-    level(46.8f, 0.2f, {2.6f, 2.8f});
+    level(46.9f, -0.4f, {3.2f, 3.2f});
     struct Arm {
         glm::vec3 from, to;
         Bone bone;
@@ -61,6 +61,8 @@ void addMantle(Figure &tracker) {
         const Arm &arm = arms[p.y > 0 ? Left : Right];
         const float aside = glm::smoothstep(2.5f, 6.5f, std::abs(p.y));
         const bool hem = ring == 1 || ring == 2;
+        if (ring == 5) // Behind and aside it reaches up into the hood, in front it stays below the chin.
+            p.z += 0.3f * std::abs(p.y) - (p.x > 0 ? 0.2f : 0.5f) * p.x;
         if (hem || ring == 3) {
             p = outOf(p, arm.from, arm.to, ring == 1 ? 3.5f : 4.2f);
             bones = between(bones.first, arm.bone, aside * (hem ? 0.55f : 0.4f));

@@ -129,7 +129,6 @@ void GLMapWidget::setPreviewProjection() {
     gluPerspective(fieldOfView, aspect(), nearPlane, farPlanePerSide * mapSide());
     glMatrixMode(GL_MODELVIEW);
     previewStale = false;
-    glEnable(GL_LIGHTING);
     if (reinitPending) {
         setUpPreview();
         reinitPending = false;

@@ -34,5 +34,5 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    QTimer refreshTimer_; ///< Runs while the preview is visible.
+    QTimer refreshTimer_{this}; ///< Runs while the preview is visible.
 };

@@ -389,7 +389,17 @@ QByteArray RandomUser::faultOfControls() const {
             return box->objectName().toUtf8() + " does not show the level's value";
         }
     }
-    const bool numbersShow = window.sunSpeed->value() == environment.sunSpeed &&
-                             window.birdsNumber->value() == environment.birdsNumber;
-    return numbersShow ? QByteArray() : "a number does not show the level's value";
+    for (const auto &[box, path] : {std::pair(window.TerrainTextureType, environment.groundTexture),
+                                    {window.waterTextureType, environment.waterTexture},
+                                    {window.SkyTextureType, environment.cubeTexture},
+                                    {window.birdTextureType, environment.birdTexture}}) {
+        const QString name = path.section(u'/', 3, 3).section(u'.', 0, 0);
+        if (box->currentIndex() != box->findData(name)) {
+            return box->objectName().toUtf8() + " does not show the level's picture";
+        }
+    }
+    const bool restShows = window.sunSpeed->value() == environment.sunSpeed &&
+                           window.birdsNumber->value() == environment.birdsNumber &&
+                           window.groupBox4->isEnabled() == window.activeNow->isChecked();
+    return restShows ? QByteArray() : "a number or a group does not show the level's value";
 }

@@ -63,6 +63,20 @@ private slots:
         }
     }
 
+    /// A point on the line between two cells belongs to the one farther from the middle.
+    void theLineBetweenTwoCellsHasAnOwner() {
+        GLMapWidget view;
+        ViewDriver driver(view);
+        QVERIFY(driver.show(400, 400));
+        for (const auto &[point, cell] :
+             {std::pair(QPoint(100, 300), 15 + 4 * 20), {QPoint(300, 100), 4 + 15 * 20}}) {
+            driver.drag(point, point);
+            QCOMPARE(driver.selectedCells(), std::vector<int>{cell});
+        }
+        const GLint side = qRound(400 * view.devicePixelRatioF());
+        QCOMPARE(view.cells->viewport, (std::array<GLint, 4>{0, 0, side, side}));
+    }
+
     void pressesBesideTheSquareHitNothing() {
         GLMapWidget view;
         ViewDriver driver(view);

@@ -118,6 +118,24 @@ private slots:
         QVERIFY(brightness(probe->at(4, -0.3, 36)) < brightness(probe->at(QPoint(250, 5))) + 180);
     }
 
+    void bothPassesAreToldTheTime() {
+        struct Listener : SceneNode {
+            void draw(float time) override { heard = time; }
+            void drawSecondPass(float time) override { heard = -time; }
+            void writeXml(QTextStream &) const override {}
+            bool readXml(QDomElement, CISG *) override { return true; }
+            float heard = 0;
+        };
+        auto &nodes = view->document->root.children;
+        const auto *listener =
+            static_cast<Listener *>(nodes.emplace_back(std::make_unique<Listener>()).get());
+        view->makeCurrent();
+        view->document->draw(2.5F);
+        QCOMPARE(listener->heard, 2.5F);
+        view->document->drawSecondPass(3.5F);
+        QCOMPARE(listener->heard, -3.5F);
+    }
+
     void theWireFrameIsSeenThrough() {
         probe->shape([](float x, float z) {
             return std::max(0.F, 30 - 3 * std::max(std::abs(x - 20), std::abs(z - 20)));
@@ -161,9 +179,15 @@ private slots:
         QVERIFY(probe->at(20, 0, 20).green() > before + 50);
         QVERIFY(PreviewProbe::makePictures(QColor(200, 0, 0), Qt::white, Qt::black, QStringLiteral("other")));
         PreviewProbe::usePictures(*view->document, QStringLiteral("other"));
+        // It repeats every 8 units; its right half lies where z is 4 to 8 beyond.
+        QImage halves(2, 1, QImage::Format_RGB32);
+        halves.setPixelColor(0, 0, QColor(200, 0, 0));
+        halves.setPixelColor(1, 0, QColor(0, 0, 200));
+        QVERIFY(halves.scaled(64, 64).save(QStringLiteral("data/textures/otherGround.png")));
         view->setDirty(true);
         probe->look();
-        QVERIFY(probe->at(20, 0, 20).red() > 120 && probe->at(20, 0, 20).green() == 0);
+        QVERIFY(probe->at(20, 0, 18).red() > 120 && probe->at(20, 0, 18).green() == 0);
+        QVERIFY(probe->at(20, 0, 22).blue() > 120 && probe->at(20, 0, 22).red() < 60);
         QVERIFY(shows(probe->at(QPoint(250, 5)), 0, 0, 0));
     }
 

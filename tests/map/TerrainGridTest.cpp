@@ -31,100 +31,23 @@ class TerrainGridTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void buildsTheGrid_data() {
-        QTest::addColumn<int>("dimension");
-        QTest::addColumn<int>("density");
-        QTest::addColumn<int>("n");
-        const auto row = [](int dimension, int density, int n) {
-            QTest::addRow("%d x %d", dimension, density) << dimension << density << n;
-        };
-        row(40, 2, 80);
-        row(80, 4, 320);
-        row(60, 3, 180);
-        row(7, 7, 49);
-        row(1, 10, 10);
-        row(1, 1, 1);
-        row(2, 1, 2);
-        row(1024, 1, 1024);
-        row(1, 1024, 1024);
-        for (const auto &[dimension, density] :
-             std::vector<std::pair<int, int>>{{0, 4},
-                                              {60, 0},
-                                              {-60, -4},
-                                              {-60, 4},
-                                              {1025, 1},
-                                              {205, 5},
-                                              {65536, 65536},
-                                              {2147483647, 2147483647},
-                                              {2147483647, 2},
-                                              {-2147483647 - 1, -2147483647 - 1}}) {
-            row(dimension, density, 0);
-        }
-    }
 
     void buildsTheGrid() {
-        QFETCH(const int, dimension);
-        QFETCH(const int, density);
-        QFETCH(const int, n);
-        MeshNode mesh;
-        mesh.setSize(dimension, density);
-        mesh.build();
-        QCOMPARE(mesh.pointsPerSide(), n);
-        QCOMPARE(mesh.vertices.size(), std::size_t(n) * std::size_t(n));
-        const std::size_t quads = n > 0 ? std::size_t(n - 1) : 0;
-        QCOMPARE(mesh.triangles.size(), 2 * quads * quads);
-        QCOMPARE(mesh.dimension, dimension);
-        QCOMPARE(mesh.density, density);
-        for (int i = 0; i < n * n; i += n / 7 + 1) {
-            const TerrainVertex &vertex = mesh.vertices[std::size_t(i)];
-            const int row = i / n;
-            const int column = i % n;
-            const auto x = float(double(column) / density);
-            const auto z = float(double(row) / density);
-            QVERIFY(same(vertex.position, {x, 0, z}, 0));
-            QVERIFY(same(vertex.texture, {z / float(dimension), x / float(dimension), 0}));
+        constexpr int most = 2147483647;
+        for (const auto &[dimension, density, n] : std::vector<std::tuple<int, int, int>>{{40, 2, 80},
+                                                                                          {80, 4, 320},
+                                                                                          {60, 3, 180},
+                                                                                          {7, 7, 49},
+                                                                                          {1, 1, 1},
+                                                                                          {1, 1024, 1024},
+                                                                                          {0, 4, 0},
+                                                                                          {60, 0, 0},
+                                                                                          {-60, -4, 0},
+                                                                                          {1025, 1, 0},
+                                                                                          {65536, 65536, 0},
+                                                                                          {most, most, 0}}) {
+            buildsAGridOf(dimension, density, n);
         }
-        mesh.computeNormals();
-        for (const TerrainTriangle &triangle : mesh.triangles) {
-            QVERIFY(same(triangle.normal, {0, 1, 0}, 0));
-        }
-        mesh.clear();
-        mesh.computeNormals();
-        QVERIFY(mesh.vertices.empty() && mesh.triangles.empty() && mesh.pointsPerSide() == 0);
-    }
-
-    void trianglesFollowTheQuads() {
-        MeshNode mesh;
-        mesh.setSize(5, 1);
-        makeBumpy(mesh);
-        const std::size_t n = 5;
-        std::size_t next = 0;
-        for (std::size_t i = 0; i < n * (n - 1); ++i) {
-            if ((i + 1) % n == 0) {
-                continue;
-            }
-            for (const auto &corners : {std::array{i, i + n, i + 1}, std::array{i + n, i + n + 1, i + 1}}) {
-                const TerrainTriangle &triangle = mesh.triangles[next++];
-                const TerrainVertex *base = mesh.vertices.data();
-                QVERIFY(triangle.a == base + corners[0] && triangle.b == base + corners[1] &&
-                        triangle.c == base + corners[2]);
-            }
-        }
-        QCOMPARE(next, mesh.triangles.size());
-    }
-
-    void faceNormalsComeFromTheHeights() {
-        MeshNode mesh;
-        mesh.setSize(2, 1);
-        const std::array<float, 4> heights{0, 1, 0, 1};
-        std::size_t next = 0;
-        mesh.build([&] { return heights[next++]; });
-        const float half = std::sqrt(0.5F);
-        QVERIFY(same(mesh.triangles[0].normal, {-half, half, 0}));
-        QVERIFY(same(mesh.triangles[1].normal, {-half, half, 0}));
-        TerrainTriangle flat{mesh.vertices.data(), mesh.vertices.data(), mesh.vertices.data(), {5, 5, 5}};
-        flat.updateNormal();
-        QVERIFY(same(flat.normal, {}, 0));
     }
 
     /// Against the rule itself: a point of an inner row has the sum over the triangles holding it.
@@ -221,6 +144,35 @@ private slots:
         QVERIFY(whole.mesh->vertices.empty());
         QCOMPARE(dynamic_cast<MeshNode &>(*whole.root.children.front()).vertices.size(), std::size_t(1)
                                                                                              << 20);
+    }
+
+private:
+    static void buildsAGridOf(int dimension, int density, int n) {
+        MeshNode mesh;
+        mesh.setSize(dimension, density);
+        mesh.build();
+        QCOMPARE(mesh.pointsPerSide(), n);
+        QCOMPARE(mesh.vertices.size(), std::size_t(n) * std::size_t(n));
+        const std::size_t quads = n > 0 ? std::size_t(n - 1) : 0;
+        QCOMPARE(mesh.triangles.size(), 2 * quads * quads);
+        QCOMPARE(mesh.dimension, dimension);
+        QCOMPARE(mesh.density, density);
+        for (int i = 0; i < n * n; i += n / 7 + 1) {
+            const TerrainVertex &vertex = mesh.vertices[std::size_t(i)];
+            const int row = i / n;
+            const int column = i % n;
+            const auto x = float(double(column) / density);
+            const auto z = float(double(row) / density);
+            QVERIFY(same(vertex.position, {x, 0, z}, 0));
+            QVERIFY(same(vertex.texture, {z / float(dimension), x / float(dimension), 0}));
+        }
+        mesh.computeNormals();
+        for (const TerrainTriangle &triangle : mesh.triangles) {
+            QVERIFY(same(triangle.normal, {0, 1, 0}, 0));
+        }
+        mesh.clear();
+        mesh.computeNormals();
+        QVERIFY(mesh.vertices.empty() && mesh.triangles.empty() && mesh.pointsPerSide() == 0);
     }
 };
 

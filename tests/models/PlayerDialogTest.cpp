@@ -24,14 +24,6 @@ void pick(QComboBox &box, const QString &item) {
     QCOMPARE(box.currentText(), item);
 }
 
-QStringList items(const QComboBox &box) {
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i) {
-        texts += box.itemText(i);
-    }
-    return texts;
-}
-
 QStringList paths(const PlayerDialog &dialog) {
     const CIGLPlayerWidget &preview = *dialog.PreviewPlayerWidget;
     QStringList result;
@@ -62,36 +54,12 @@ class PlayerDialogTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void offersTheCatalogue();
     void showsWhatIsPicked();
-    void copiesItsDefaults();
     void copiesTheChoices();
     void neverShootSwitchesTheWait();
     void okAcceptsAndCancelRejects();
     void keepsTheChoicesInAnotherLanguage();
 };
-
-void PlayerDialogTest::offersTheCatalogue() {
-    const PlayerDialog dialog;
-    QCOMPARE(dialog.objectName(), QStringLiteral("PlayerDialog"));
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Edit Player"));
-    QVERIFY(!dialog.isModal() && dialog.isSizeGripEnabled());
-    QVERIFY(dialog.width() >= 476 && dialog.height() >= 308);
-    QCOMPARE(items(*dialog.ModelBox),
-             (QStringList{"Terminator", "Hayden", "Hunter", "Rat", "Dire", "Walker", "Marine"}));
-    QCOMPARE(items(*dialog.TeamBox), (QStringList{"Blue", "Green", "Red", "Personal"}));
-    QCOMPARE(items(*dialog.WeaponBox), (QStringList{"Small gun", "Annientatore", "Standard"}));
-    QCOMPARE(dialog.waitForBox->minimum(), 0);
-    QCOMPARE(dialog.waitForBox->maximum(), 10);
-    QVERIFY(dialog.buttonOk->isDefault() && dialog.buttonOk->text() == QStringLiteral("&OK"));
-    for (const QWidget *widget : std::initializer_list<const QWidget *>{
-             dialog.textLabel1, dialog.textLabel2, dialog.textLabel3, dialog.textLabel4, dialog.textLabel5,
-             dialog.Name, dialog.ModelBox, dialog.TeamBox, dialog.WeaponBox, dialog.waitForBox, dialog.ifWait,
-             dialog.buttonOk, dialog.buttonCancel, dialog.PreviewPlayerWidget}) {
-        QVERIFY(!widget->objectName().isEmpty());
-        QCOMPARE(dialog.findChild<QWidget *>(widget->objectName()), widget);
-    }
-}
 
 void PlayerDialogTest::showsWhatIsPicked() {
     PlayerDialog dialog;
@@ -116,23 +84,6 @@ void PlayerDialogTest::showsWhatIsPicked() {
     QCOMPARE(paths(dialog), (QStringList{"./data/Rat/tris.md2", "./data/Rat/Green.png",
                                          "./data/Rat/Small gun.md2", "./data/Rat/Small gun.png"}));
     QCOMPARE(paths(dialog), pathsOf(characterFiles("Rat", "Green", "Small gun")));
-}
-
-void PlayerDialogTest::copiesItsDefaults() {
-    CharacterNode player;
-    player.name = "old";
-    player.cell = 7;
-    player.placed = true;
-    player.modelIndex = player.teamIndex = player.waitFor = 3;
-    player.weaponValue = 0.3F;
-    PlayerDialog().copyTo(player);
-    QCOMPARE(player.name, QStringLiteral("john doe"));
-    QCOMPARE(player.model, QStringLiteral("Terminator"));
-    QCOMPARE(player.team, QStringLiteral("Blue"));
-    QCOMPARE(player.weapon, QStringLiteral("Standard"));
-    QCOMPARE(player.weaponValue, 0.5F);
-    QVERIFY(player.modelIndex == 0 && player.teamIndex == 0 && player.waitFor == 0);
-    QVERIFY(player.cell == 7 && player.placed && !player.active && !player.current);
 }
 
 void PlayerDialogTest::copiesTheChoices() {

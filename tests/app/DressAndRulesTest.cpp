@@ -74,27 +74,6 @@ private slots:
         QCOMPARE(editor.environment().birdsNumber, 1);
         QVERIFY(editor.find<QGroupBox>("birdTextureGroup").isEnabled());
     }
-
-    void eachOptionHasItsOwnFlag() {
-        const EditorDriver editor;
-        BackgroundNode &options = editor.environment();
-        const std::array<std::pair<const char *, bool *>, 5> flags{{{"waterWalking", &options.waterWalking},
-                                                                    {"craters", &options.craters},
-                                                                    {"bengala", &options.bengala},
-                                                                    {"deathTouch", &options.deathTouch},
-                                                                    {"DynamicTime", &options.dynamicTime}}};
-        for (const auto &[box, flag] : flags) {
-            editor.click(box);
-            for (const auto &[otherBox, otherFlag] : flags) {
-                QVERIFY2(*otherFlag == (otherFlag != flag), otherBox);
-            }
-            editor.click(box);
-            QVERIFY2(*flag, box);
-        }
-        editor.click("DynamicTime");
-        QVERIFY(!editor.find<QWidget>("sunSpeed").isEnabled() &&
-                !editor.find<QWidget>("sunMoving").isEnabled());
-    }
 };
 
 DRUVELK_TEST_MAIN(DressAndRulesTest)

@@ -398,7 +398,9 @@ QByteArray RandomUser::faultOfControls() const {
             return box->objectName().toUtf8() + " does not show the level's picture";
         }
     }
-    const bool restShows = window.sunSpeed->value() == environment.sunSpeed &&
+    const bool restShows = window.sunSpeed->isEnabled() == environment.dynamicTime &&
+                           window.birdTextureGroup->isEnabled() == (environment.birdsNumber != 0) &&
+                           window.sunSpeed->value() == environment.sunSpeed &&
                            window.birdsNumber->value() == environment.birdsNumber &&
                            window.groupBox4->isEnabled() == window.activeNow->isChecked();
     return restShows ? QByteArray() : "a number or a group does not show the level's value";

@@ -11,7 +11,8 @@
 
 namespace {
 
-int remaining = -1; ///< Calls until the one that fails; below 0 where none shall.
+// Other threads of the toolkit write too.
+thread_local int remaining = -1; ///< Calls until the one that fails; below 0 where none shall.
 int errorToGive = 0;
 const char *failedCall = nullptr;
 
@@ -27,9 +28,11 @@ bool fails(const char *name) {
     return true;
 }
 
-template <typename Function>
-Function *real(const char *name) {
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+/// The library's own function, unless it is the turn of this call to fail.
+template <typename Result, typename... Parameters>
+Result call(const char *name, Parameters... parameters) {
+    auto *const next = reinterpret_cast<Result (*)(Parameters...)>(dlsym(RTLD_NEXT, name));
+    return fails(name) ? Result{-1} : next(parameters...);
 }
 
 } // namespace
@@ -52,52 +55,44 @@ int open(const char *path, int flags, ...) {
     va_start(more, flags);
     const auto mode = (flags & O_CREAT) != 0 ? va_arg(more, mode_t) : mode_t{0};
     va_end(more);
-    static const auto next = real<int(const char *, int, mode_t)>("open");
-    return fails("open") ? -1 : next(path, flags, mode);
-}
-
-ssize_t write(int file, const void *bytes, size_t size) {
-    static const auto next = real<ssize_t(int, const void *, size_t)>("write");
-    return fails("write") ? -1 : next(file, bytes, size);
-}
-
-int fsync(int file) {
-    static const auto next = real<int(int)>("fsync");
-    return fails("fsync") ? -1 : next(file);
+    return call<int>("open", path, flags, mode);
 }
 
 /// A close that fails has closed all the same.
 int close(int file) {
-    static const auto next = real<int(int)>("close");
     const bool failing = fails("close");
     const int error = errno;
-    const int result = next(file);
+    const int result = call<int>("close", file);
     errno = failing ? error : errno;
     return failing ? -1 : result;
 }
 
 int posix_fallocate(int file, off_t from, off_t size) {
-    static const auto next = real<int(int, off_t, off_t)>("posix_fallocate");
-    return fails("posix_fallocate") ? errno : next(file, from, size);
+    const int result = call<int>("posix_fallocate", file, from, size);
+    return result == -1 ? errno : result;
+}
+
+ssize_t write(int file, const void *bytes, size_t size) {
+    return call<ssize_t>("write", file, bytes, size);
+}
+
+int fsync(int file) {
+    return call<int>("fsync", file);
 }
 
 int ftruncate(int file, off_t size) noexcept {
-    static const auto next = real<int(int, off_t)>("ftruncate");
-    return fails("ftruncate") ? -1 : next(file, size);
+    return call<int>("ftruncate", file, size);
 }
 
 int fchown(int file, uid_t owner, gid_t group) noexcept {
-    static const auto next = real<int(int, uid_t, gid_t)>("fchown");
-    return fails("fchown") ? -1 : next(file, owner, group);
+    return call<int>("fchown", file, owner, group);
 }
 
 int fchmod(int file, mode_t mode) noexcept {
-    static const auto next = real<int(int, mode_t)>("fchmod");
-    return fails("fchmod") ? -1 : next(file, mode);
+    return call<int>("fchmod", file, mode);
 }
 
 int rename(const char *from, const char *to) noexcept {
-    static const auto next = real<int(const char *, const char *)>("rename");
-    return fails("rename") ? -1 : next(from, to);
+    return call<int>("rename", from, to);
 }
 }

@@ -119,7 +119,7 @@ private slots:
         QVERIFY(put(locked, before));
         QVERIFY(QFile::setPermissions(file, QFile::Permissions(0x6666)));
         QVERIFY(QFile::setPermissions(locked, QFile::Permissions(0x4444)));
-        const struct stat was = statusOf(file);
+        struct stat was = statusOf(file);
         const auto save = [&] {
             const char *const fault = faultOfFaultySaves(file);
             std::fputs(fault, stderr);
@@ -127,6 +127,8 @@ private slots:
             return foretold && qstrlen(fault) == 0 && !saveBytes(after, locked) ? 0 : 1;
         };
         QCOMPARE(inChild(save), 0);
+        QVERIFY(geteuid() != 0 || statusOf(file).st_ino == was.st_ino);
+        was = statusOf(file);
         QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
         QCOMPARE(inChild([&] {
                      return put(absent, "x") || whyNotWritable(absent).isEmpty()

@@ -3,6 +3,7 @@
 #include "map/GLMapWidget.h"
 #include "map/MeshNode.h"
 #include "tests/models/StandInTree.h"
+#include "tests/support/PreviewProbe.h"
 
 #include <QColorDialog>
 #include <QMenuBar>
@@ -25,48 +26,27 @@ void hearMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
     }
 }
 
-/// Small pictures and models under every name the controls offer.
-void makeData(const EditorDriver &editor) {
-    QImage picture(8, 8, QImage::Format_RGB32);
-    picture.fill(Qt::darkGreen);
-    for (const char *box : {"TerrainTextureType", "waterTextureType", "birdTextureType"}) {
-        for (int i = 0; i < editor.find<QComboBox>(box).count(); ++i) {
-            QDir().mkpath(QStringLiteral("data/textures"));
-            picture.save(QStringLiteral("data/textures/%1.jpg").arg(editor.find<QComboBox>(box).itemText(i)));
-        }
-    }
-    const auto &skies = editor.find<QComboBox>("SkyTextureType");
-    // The last sky is missing, as one of a level from elsewhere may be.
-    for (int i = 0; i < skies.count() - 1; ++i) {
-        const QString sky = QStringLiteral("data/CubeMap/%1/mount_").arg(skies.itemText(i));
-        QDir().mkpath(QFileInfo(sky).path());
-        for (const char *face : {"negx", "posx", "negy", "posy", "negz", "posz"}) {
-            picture.save(sky + QLatin1String(face) + QStringLiteral(".jpg"));
-        }
-    }
-    StandInTree tree(QDir::current());
-    for (const char *name : {"Terminator", "Hayden", "Rat"}) {
-        tree.addCharacter(QLatin1String(name));
-        tree.addSkin(QLatin1String(name), QStringLiteral("Blue"), qRgb(0, 0, 255));
-        tree.addWeapon(QLatin1String(name), QStringLiteral("Small gun"));
-    }
-}
-
 } // namespace
 
 RandomUser::RandomUser(quint32 chosenSeed)
     : editor([](LevelDocument &level) {
+          PreviewProbe::usePictures(level);
           enlist(level, 0, 0, 17);
           enlist(level, 1, 1, 18);
       }),
       seed(chosenSeed) {
     qInstallMessageHandler(hearMessage);
-    makeData(editor);
-    editor.window->resize(smallSide, smallSide);
+    // What else the controls offer is missing, as in a damaged data tree.
+    PreviewProbe::makePictures(Qt::green, Qt::white, Qt::blue);
+    StandInTree tree(QDir::current());
+    tree.addCharacter(QStringLiteral("Terminator"));
+    tree.addSkin(QStringLiteral("Terminator"), QStringLiteral("Blue"), qRgb(0, 0, 255));
+    tree.addWeapon(QStringLiteral("Terminator"), QStringLiteral("Standard"));
     EditorDriver::writeLevel(QStringLiteral("levels/whole.xml"), [](LevelDocument &level) {
         enlist(level, 3, 2, -1);
         enlist(level, 4, 3, -1);
     });
+    editor.window->resize(smallSide, smallSide);
     QObject::connect(&dialogs, &QTimer::timeout, &dialogs, [this] { answerDialogs(); });
 }
 

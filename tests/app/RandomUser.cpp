@@ -161,6 +161,13 @@ void RandomUser::use(QWidget &control) {
 }
 
 void RandomUser::useCommand() {
+    if (oneIn(2)) {
+        const bool back = oneIn(2);
+        action = back ? "undo" : "redo";
+        QTest::keyClick(editor.window.get(), Qt::Key_Z,
+                        back ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+        return;
+    }
     QList<QAction *> commands;
     for (QAction *const command : editor.window->findChildren<QAction *>()) {
         const bool isOwn = !command->objectName().isEmpty() && command->menu() == nullptr;
@@ -180,6 +187,9 @@ void RandomUser::pressKeys() {
                               Qt::Key_Minus, Qt::Key_Escape,  Qt::Key_Return,   Qt::Key_Delete,
                               Qt::Key_5,     Qt::Key_Z,       Qt::Key_Backspace};
     action = "keys";
+    if (oneIn(2)) {
+        editor.window->mapView->setFocus();
+    }
     for (int i = upTo(4); i >= 0; --i) {
         const Qt::Key key = keys[static_cast<std::size_t>(upTo(int(keys.size()) - 1))];
         const Qt::KeyboardModifiers held(oneIn(4) ? Qt::ShiftModifier : Qt::NoModifier);

@@ -104,51 +104,38 @@ public:
 
     /// Returns what may be one step with the action before it, if that was the same; null for others.
     const char *act() {
-        switch (below(20)) {
-        case 0:
-        case 1:
-        case 2:
-        case 3:
-        case 4:
-        case 5:
+        const int lot = below(20);
+        if (lot < 6) {
             editor.map().wheel(120 * (1 + below(3)) * (below(3) == 0 ? -1 : 1));
             return "wheel";
-        case 6:
-        case 7:
-            select();
-            return nullptr;
-        case 8:
-        case 9:
-            key("CharID", below(2) == 0 ? Qt::Key_Down : Qt::Key_Up);
-            return nullptr;
-        case 10:
-        case 11:
-            click({"Place", "activeNow", "Place", "activeNow", "SmoothTerrain", "randomStart"});
-            return nullptr;
-        case 12:
-        case 13:
-            click({"Fog", "water", "randomGeo", "waterWalking", "craters", "bengala", "deathTouch",
-                   "DynamicTime", "randomGeo"});
-            return nullptr;
-        case 14:
-        case 15:
-            key(anyOf({"dayTime", "TerrainTextureType", "SkyTextureType", "waterTextureType",
-                       "birdTextureType", "gravity"}),
-                Qt::Key(anyOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End})));
-            return nullptr;
-        case 16:
-            key("sunSpeed", below(2) == 0 ? Qt::Key_Up : Qt::Key_Down);
+        }
+        if (lot == 6) {
+            key("sunSpeed", anyOf({Qt::Key_Down, Qt::Key_Up}));
             return "sunSpeed";
-        case 17:
+        }
+        if (lot == 7) {
             editor.type("birdsNumber", QString::number(below(16)));
             return "birdsNumber";
-        case 18:
-            look();
-            return nullptr;
-        default:
-            answerADialog();
-            return nullptr;
         }
+        if (lot < 10) {
+            select();
+        } else if (lot < 12) {
+            key("CharID", anyOf({Qt::Key_Down, Qt::Key_Up}));
+        } else if (lot < 14) {
+            click({"Place", "activeNow", "Place", "activeNow", "SmoothTerrain", "randomStart"});
+        } else if (lot < 16) {
+            click({"Fog", "water", "randomGeo", "waterWalking", "craters", "bengala", "deathTouch",
+                   "DynamicTime", "randomGeo"});
+        } else if (lot < 18) {
+            key(anyOf({"dayTime", "TerrainTextureType", "SkyTextureType", "waterTextureType",
+                       "birdTextureType", "gravity"}),
+                anyOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}));
+        } else if (lot == 18) {
+            look();
+        } else {
+            answerADialog();
+        }
+        return nullptr;
     }
 
 private:

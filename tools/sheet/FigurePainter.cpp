@@ -86,8 +86,7 @@ void FigurePainter::fill(std::array<Corner, 3> corners, const QImage &skin) {
             const float third = (y * (b.x - a.x) - x * (b.y - a.y)) / area;
             if (second < 0 || third < 0 || second + third > 1)
                 continue;
-            const auto at = static_cast<std::size_t>(row) * static_cast<std::size_t>(view.size.width()) +
-                            static_cast<std::size_t>(column);
+            const std::size_t at = index(column, row);
             // Where an outside and an inside meet in an edge, the outside is seen.
             const float depth = a.depth + x * slopeX + y * slopeY - (inside ? 1e-3F : 0.0F);
             if (depth <= depths[at])

@@ -31,6 +31,7 @@ public:
     std::size_t add(const Md2Content &model, std::size_t frame, const QImage &skin = {});
 
     const QImage &picture() const { return image; }
+    bool covers(int column, int row) const { return shown[index(column, row)] != 0; }
     long covered() const;       ///< Pixels that show a model.
     double insideShare() const; ///< Part of them that shows an inside, 0 … 1.
 
@@ -39,6 +40,10 @@ private:
         float x, y, depth, s, t;
     };
 
+    std::size_t index(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(view.size.width()) +
+               static_cast<std::size_t>(column);
+    }
     Corner project(const Vec3 &position) const;
     void fill(std::array<Corner, 3> corners, const QImage &skin);
 

@@ -93,7 +93,6 @@ void addKilt(Figure &beast) {
     const Rig &rig = beast.rig;
     Part &kilt = beast.add(Material::Cloth, glm::vec3(0.4f), softProfile(8, 2.3f));
     kilt.team = 1.0f;
-    kilt.lids = false; // It ends inside, below the belt.
     const Influence hips = on(rig.pelvis);
     const auto level = [&](float z, float x, const glm::vec2 &radius) {
         kilt.ring({x, 0, z}, radius, hips, {0, 0, -1});
@@ -140,7 +139,6 @@ void addFeet(Figure &beast, Side side) {
 void addLeg(Figure &beast, Side side) {
     const Rig &rig = beast.rig;
     Part &flesh = beast.add(Material::Hide, hide * 0.97f, roundProfile(7));
-    flesh.lids = false; // From the kilt into the foot.
     limbRings(flesh, beast, rig.leg[side], rig.pelvis,
               {{0.0f, {3.4f, 4.0f}},
                {0.4f, {4.0f, 4.4f}},
@@ -199,7 +197,7 @@ RigPlan plan() {
     plan.upperArm = 13.5f;
     plan.foreArm = 13;
     plan.weaponSize = 1.15f;
-    plan.grip = {11.5f, -9.0f, 31.0f};
+    plan.grip = {12.6f, -10.5f, 30.4f};
     plan.aim = {-4, -10, 54};
     plan.elbowPole = {glm::vec3(-0.6f, -0.8f, -0.4f), glm::vec3(-0.3f, 1.0f, -0.8f)};
     return plan;

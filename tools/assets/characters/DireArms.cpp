@@ -33,11 +33,12 @@ void decorateArm(const SurfacePoint &at, Coat &coat) {
 void addArm(Figure &beast, Side side) {
     const Limb &arm = beast.rig.arm[side];
     Part &flesh = beast.add(Material::Hide, hide, roundProfile(7));
-    flesh.lids = false; // It begins within the chest.
     const glm::vec3 joint = beast.rig.at(arm.upper);
     armRings(flesh, beast, side, joint + mirrored({-0.2f, -5.4f, 0.6f}, side), {4.5f, 4.9f},
              {{0.4f, {4.3f, 4.7f}, {0.3f, 0, 0}},
-              {0.98f, {3.3f, 3.5f}},
+              {0.84f, {3.4f, 3.7f}},
+              {1.0f, {3.2f, 3.4f}},
+              {1.14f, {3.7f, 3.9f}},
               {1.34f, {4.3f, 4.5f}},
               {1.96f, {3.0f, 3.1f}}});
     flesh.tip(flesh.rings.back().centre, flesh.rings.back().bones);

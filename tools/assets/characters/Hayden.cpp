@@ -30,7 +30,6 @@ void addBody(Figure &agent) {
                         {41.4f, 0.2f, {6.1f, 4.45f}, on(rig.chest)},
                         {45.4f, 0.0f, {5.2f, 3.5f}, on(rig.chest)},
                         {48.3f, 0.2f, {1.8f, 1.9f}, between(rig.chest, rig.neck, 0.4f)}});
-    shirt.lids = false; // From the hips into the neck.
     shirt.decorate = decorateShirt;
     Part &hips = agent.add(Material::Cloth, suit, roundProfile(6));
     hips.detail = 0.6f;

@@ -181,7 +181,6 @@ void addSleeve(Figure &figure, Side side) {
               {1.2f, {2.0f, 2.1f}, elbow},
               {1.94f, {2.0f, 2.1f}}});
     sleeve.tip(sleeve.rings.back().centre, sleeve.rings.back().bones);
-    sleeve.lids = false; // It begins within the chest.
     sleeve.decorate = [](const SurfacePoint &at, Coat &coat) {
         const float cuff = glm::smoothstep(0.815f, 0.82f, at.along);
         coat.tone *= 1.0f - 0.34f * cuff;

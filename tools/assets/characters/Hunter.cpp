@@ -38,7 +38,6 @@ void decorateTunic(const SurfacePoint &at, Coat &coat) {
 void addTunic(Figure &tracker) {
     const Rig &rig = tracker.rig;
     Part &tunic = tracker.add(Material::Leather, leather, softProfile(10, 2.6f));
-    tunic.lids = false; // Its ends lie between the legs and in the mantle.
     const auto level = [&](float z, float x, const glm::vec2 &radius, Bone followed) {
         tunic.ring({x, 0, z}, radius, on(followed), {0, 0, 1});
     };
@@ -122,7 +121,6 @@ void addLimbs(Figure &tracker) {
     const Rig &rig = tracker.rig;
     for (const Side side : {Right, Left}) {
         Part &sleeve = tracker.add(Material::Cloth, linen, roundProfile(6));
-        sleeve.lids = false; // It begins within the chest.
         const glm::vec3 joint = rig.at(rig.arm[side].upper);
         armRings(sleeve, tracker, side, joint + mirrored({0, -3.0f, 0.3f}, side), {1.9f, 2.1f},
                  {{0.5f, {1.95f, 2.1f}},
@@ -134,7 +132,6 @@ void addLimbs(Figure &tracker) {
         sleeve.decorate = decorateSleeve;
         addFist(tracker, side, Material::Leather, darkLeather * 1.1f, 0.95f);
         Part &leg = tracker.add(Material::Cloth, linen * 0.75f, roundProfile(7));
-        leg.lids = false; // From the skirt into the foot.
         limbRings(leg, tracker, rig.leg[side], rig.pelvis,
                   {{0.1f, {2.5f, 2.9f}},
                    {0.97f, {2.2f, 2.4f}},

@@ -38,7 +38,6 @@ void addMantle(Figure &tracker) {
     const Influence chest = on(rig.chest);
     Part &mantle = tracker.add(Material::Cloth, wool, softProfile(10, 2.2f));
     mantle.team = 1.0f;
-    mantle.lids = false; // Its ends lie in the tunic and in the hood.
     const auto level = [&](float z, float x, const glm::vec2 &radius) {
         mantle.ring({x, 0, z}, radius, chest, {0, 0, 1});
     };

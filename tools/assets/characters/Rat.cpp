@@ -59,7 +59,6 @@ void addTrunk(Figure &figure) {
     Part &trunk = figure.add(Material::Fur, fur, roundProfile(10), {1, 0, -0.2f});
     trunk.sharp = true;
     trunk.detail = 1.1f;
-    trunk.lids = false; // It ends within the head.
     trunk.tip({-6.4f, 0, 16.0f}, on(rig.pelvis));
     trunk.ring({-5.2f, 0, 17.6f}, {4.2f, 4.2f}, on(rig.pelvis))
         .ring({-3.9f, 0, 21.4f}, {6.7f, 6.5f}, on(rig.pelvis))
@@ -116,7 +115,6 @@ void decorateArm(const SurfacePoint &at, Coat &coat) {
 void addArm(Figure &figure, Side side) {
     const Rig &rig = figure.rig;
     Part &arm = figure.add(Material::Fur, fur, roundProfile(6));
-    arm.lids = false; // It begins within the chest.
     const glm::vec3 joint = rig.at(rig.arm[side].upper);
     armRings(arm, figure, side, joint + mirrored({-0.6f, -3.4f, -0.4f}, side), {2.4f, 2.7f},
              {{0.34f, {2.4f, 2.6f}},
@@ -177,7 +175,6 @@ void addLeg(Figure &figure, Side side) {
     const Rig &rig = figure.rig;
     const float y = side == Left ? 1.0f : -1.0f;
     Part &leg = figure.add(Material::Fur, fur, roundProfile(6));
-    leg.lids = false; // From the breeches into the foot.
     const glm::vec3 hip = rig.at(rig.leg[side].upper);
     leg.tip(hip + glm::vec3(-0.4f, 0, 3.6f), on(rig.pelvis));
     limbRings(leg, figure, rig.leg[side], rig.pelvis,

@@ -12,30 +12,37 @@ const glm::vec3 strap(0.24f, 0.19f, 0.16f);
 const glm::vec3 brass(0.80f, 0.70f, 0.44f);
 constexpr float breechesTone = 0.76f;
 
-// Where along the trunk breeches, belt and vest begin, and the neck.
-constexpr float beltBegin = 0.365f;
-constexpr float beltEnd = 0.418f;
-constexpr float neckBegin = 0.895f;
+/// Heights up the leaning trunk: breeches end and the belt begins, it ends, and where the neck comes out
+/// of the jacket, which leans further.
+constexpr float beltBegin = 24.75f;
+constexpr float beltEnd = 26.4f;
+constexpr float neckBegin = 43.4f;
+float upTrunk(const glm::vec3 &p) {
+    return p.z + 0.25f * p.x;
+}
+float upNeck(const glm::vec3 &p) {
+    return p.z + 0.6f * p.x;
+}
 
 void decorateTrunk(const SurfacePoint &at, Coat &coat) {
     const float side = std::abs(at.around - 0.5f);
     const glm::vec3 hair =
         coat.colour * glm::mix(glm::vec3(1.0f), belly / fur, glm::smoothstep(0.14f, 0.06f, side));
     coat.colour = hair;
-    if (at.along < beltBegin) {
+    if (upTrunk(at.position) < beltBegin) {
         paintTeam(coat, 1.0f, breechesTone);
         coat.height += 0.25f * layeredNoise(at.position * 0.5f, 3);
         return;
     }
-    if (at.along < beltEnd) {
+    if (upTrunk(at.position) < beltEnd) {
         paint(coat, strap, 1.0f);
-        const glm::vec2 buckle(side * 42.0f, (at.along - 0.391f) * 50.0f);
+        const glm::vec2 buckle(side * 42.0f, (upTrunk(at.position) - 25.6f) * 1.9f);
         paint(coat, brass,
               band(buckle.x, 1.6f, 0.1f) * band(buckle.y, 1.2f, 0.1f) *
                   (1.0f - band(buckle.x, 1.0f, 0.1f) * band(buckle.y, 0.6f, 0.1f)));
         return;
     }
-    if (at.along > neckBegin)
+    if (upNeck(at.position) > neckBegin)
         return;
     // The vest stands open over the belly.
     const float open = glm::smoothstep(0.052f, 0.046f, side);

@@ -67,6 +67,13 @@ public:
         return *widget;
     }
 
+    /// Keys reach the window's shortcuts only where it is active, which, without a window manager, it
+    /// is not after a dialog.
+    void activate() const {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+
     /// Brings the page that holds the control to the front, by a click on its tab.
     void turnTo(QWidget &control) const {
         auto &tabs = find<QTabWidget>("MainTab");

@@ -162,10 +162,12 @@ void RandomUser::use(QWidget &control) {
 
 void RandomUser::useCommand() {
     if (oneIn(2)) {
-        const bool back = oneIn(2);
-        action = back ? "undo" : "redo";
-        QTest::keyClick(editor.window.get(), Qt::Key_Z,
-                        back ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+        action = "undo and redo";
+        editor.activate();
+        for (int i = upTo(4); i >= 0; --i) {
+            QTest::keyClick(editor.window.get(), Qt::Key_Z,
+                            oneIn(2) ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+        }
         return;
     }
     QList<QAction *> commands;

@@ -83,15 +83,8 @@ Seen seenIn(const EditorDriver &editor) {
     return seen;
 }
 
-/// Keys reach the window's shortcuts only where it is active, which, without a window manager, it is
-/// not after a dialog.
-void activate(const EditorDriver &editor) {
-    editor.window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(editor.window.get()));
-}
-
 void press(const EditorDriver &editor, Qt::Key key, Qt::KeyboardModifiers more = {}) {
-    activate(editor);
+    editor.activate();
     QTest::keyClick(editor.window.get(), key, Qt::ControlModifier | more);
 }
 
@@ -278,7 +271,7 @@ private slots:
 
     void whatFeelsAsOneActionIsOneStep() {
         const EditorDriver editor;
-        activate(editor);
+        editor.activate();
         ViewDriver map = editor.map();
         auto &speed = editor.find<QSpinBox>("sunSpeed");
         editor.selectCell(3, 3);
@@ -323,7 +316,7 @@ private slots:
 
     void thePreviewShowsIt() {
         const EditorDriver editor;
-        activate(editor);
+        editor.activate();
         ViewDriver map = editor.map();
         QDir().mkpath(QStringLiteral("data/textures"));
         for (const auto &[name, color] : {std::pair("grass1", 0xff206020U), {"snow1", 0xffe0e0f0U}}) {

@@ -46,7 +46,7 @@ QImage readCubeFace(const PictureFile &file) {
     if (picture.width() == picture.height()) {
         return picture;
     }
-    qCWarning(texturesLog).noquote() << "not square, and so no face of a sky:" << file.asked;
+    qCWarning(texturesLog) << "not square, and so no face of a sky:" << file.asked;
     return {};
 }
 

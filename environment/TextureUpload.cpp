@@ -42,7 +42,7 @@ bool isTooLarge(const QSize &size) {
 }
 
 QImage decode(const QString &path) {
-    qCDebug(texturesLog).noquote() << "reading" << path;
+    qCDebug(texturesLog) << "reading" << path;
     QImageReader reader(path);
     const QSize size = reader.size();
     return isTooLarge(size) ? QImage() : reader.read();
@@ -112,7 +112,7 @@ QImage readGLImage(const PictureFile &file) {
     QImage image = file.size < 0 ? QImage() : decode(file.path);
     if (image.isNull() && !unreadablePictures().contains(file.asked)) {
         unreadablePictures().insert(file.asked);
-        qCWarning(texturesLog).noquote() << "cannot read the picture" << file.asked;
+        qCWarning(texturesLog) << "cannot read the picture" << file.asked;
     }
     return toGLImage(std::move(image));
 }

@@ -18,7 +18,8 @@ QStringList unreadable;
 
 void record(QtMsgType type, const QMessageLogContext &context, const QString &text) {
     if (QLatin1String(context.category) == QLatin1String("druvelk.textures")) {
-        (type == QtDebugMsg ? opened : unreadable) << text.section(QLatin1Char('/'), -1);
+        (type == QtDebugMsg ? opened : unreadable)
+            << text.section(QLatin1Char('/'), -1).remove(QLatin1Char('"'));
     }
 }
 

@@ -8,6 +8,7 @@
 #include <assimp/Importer.hpp>
 #include <assimp/scene.h>
 #include <cmath>
+#include <cstdlib>
 #include <map>
 #include <numeric>
 
@@ -120,8 +121,10 @@ bool holds(const Md2Frame &figure, const std::vector<std::size_t> &hand, const M
             middle = {middle.x + p.x / 3, middle.y + p.y / 3, middle.z + p.z / 3};
         }
         for (int direction = 0; direction < 27; ++direction) {
-            const Vec3 way{static_cast<float>(direction % 3 - 1), static_cast<float>(direction / 3 % 3 - 1),
-                           static_cast<float>(direction / 9 - 1)};
+            const std::div_t rows = std::div(direction, 3);
+            const std::div_t planes = std::div(rows.quot, 3);
+            const Vec3 way{static_cast<float>(rows.rem - 1), static_cast<float>(planes.rem - 1),
+                           static_cast<float>(planes.quot - 1)};
             const auto beyond = [&](std::size_t i) {
                 return dot(minus(figure.vertices[i].position, middle), way) > 0.3F;
             };

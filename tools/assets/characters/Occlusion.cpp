@@ -72,7 +72,25 @@ void Occlusion::split(unsigned node, unsigned first, unsigned count) {
     split(children + 1, first + count / 2, count - count / 2);
 }
 
-bool Occlusion::blocked(const glm::vec3 &from, const glm::vec3 &direction) const {
+bool Occlusion::blocks(const Triangle &triangle, const glm::vec3 &from, const glm::vec3 &direction) {
+    const glm::vec3 p = glm::cross(direction, triangle.edgeB);
+    const float determinant = glm::dot(triangle.edgeA, p);
+    if (std::abs(determinant) < 1e-9f)
+        return false;
+    const glm::vec3 offset = from - triangle.corner;
+    const float u = glm::dot(offset, p) / determinant;
+    if (!(u >= 0.0f && u <= 1.0f))
+        return false;
+    const glm::vec3 q = glm::cross(offset, triangle.edgeA);
+    const float v = glm::dot(direction, q) / determinant;
+    const float distance = glm::dot(triangle.edgeB, q) / determinant;
+    return v >= 0.0f && u + v <= 1.0f && distance > 0.0f && distance < farthest;
+}
+
+bool Occlusion::blocked(const glm::vec3 &from, const glm::vec3 &direction, unsigned &blocker) const {
+    // What hid this direction from the point before mostly hides it from this one too.
+    if (blocks(triangles[blocker], from, direction))
+        return true;
     const glm::vec3 inverse = 1.0f / direction;
     std::array<unsigned, 64> stack{};
     std::size_t depth = 1;
@@ -86,29 +104,21 @@ bool Occlusion::blocked(const glm::vec3 &from, const glm::vec3 &direction) const
             continue;
         }
         for (unsigned i = node.first; i < node.first + node.count; ++i) {
-            const Triangle &triangle = triangles[i];
-            const glm::vec3 p = glm::cross(direction, triangle.edgeB);
-            const float determinant = glm::dot(triangle.edgeA, p);
-            if (std::abs(determinant) < 1e-9f)
-                continue;
-            const glm::vec3 offset = from - triangle.corner;
-            const float u = glm::dot(offset, p) / determinant;
-            const glm::vec3 q = glm::cross(offset, triangle.edgeA);
-            const float v = glm::dot(direction, q) / determinant;
-            const float distance = glm::dot(triangle.edgeB, q) / determinant;
-            if (u >= 0.0f && v >= 0.0f && u + v <= 1.0f && distance > 0.0f && distance < farthest)
+            if (blocks(triangles[i], from, direction)) {
+                blocker = i;
                 return true;
+            }
         }
     }
     return false;
 }
 
-Visibility Occlusion::openDirections(const glm::vec3 &point, const glm::vec3 &facing) const {
+Visibility Occlusion::openDirections(const glm::vec3 &point, const glm::vec3 &facing) {
     Visibility open;
     const glm::vec3 from = point + facing * clearance;
     for (std::size_t i = 0; i < lightDirections; ++i) {
         const glm::vec3 &direction = lightSphere()[i];
-        if (glm::dot(direction, facing) > 0.02f && !blocked(from, direction))
+        if (glm::dot(direction, facing) > 0.02f && !blocked(from, direction, blockers[i]))
             open.set(i);
     }
     return open;

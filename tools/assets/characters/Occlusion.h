@@ -19,7 +19,7 @@ public:
     explicit Occlusion(const Mesh &mesh);
 
     /// `facing` is the normal of the face, which hides all that lies behind it.
-    Visibility openDirections(const glm::vec3 &point, const glm::vec3 &facing) const;
+    Visibility openDirections(const glm::vec3 &point, const glm::vec3 &facing);
 
 private:
     struct Triangle {
@@ -32,8 +32,10 @@ private:
     };
 
     void split(unsigned node, unsigned first, unsigned count);
-    bool blocked(const glm::vec3 &from, const glm::vec3 &direction) const;
+    static bool blocks(const Triangle &triangle, const glm::vec3 &from, const glm::vec3 &direction);
+    bool blocked(const glm::vec3 &from, const glm::vec3 &direction, unsigned &blocker) const;
 
     std::vector<Triangle> triangles;
     std::vector<Node> nodes;
+    std::array<unsigned, lightDirections> blockers{}; ///< The triangle last found in each direction.
 };

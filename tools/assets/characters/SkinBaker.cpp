@@ -96,7 +96,7 @@ glm::vec3 SkinBaker::reliefNormal(unsigned x, unsigned y) const {
 }
 
 void SkinBaker::light(const Mesh &mesh) {
-    const Occlusion occlusion(mesh);
+    Occlusion occlusion(mesh);
     lights.resize(texels.size());
     constexpr unsigned block = 2 * samplesAcross; // Visibility changes slowly: one answer serves a block.
     std::vector<Visibility> seen(std::size_t{bakeSize / block} * (bakeSize / block));
@@ -121,18 +121,19 @@ void SkinBaker::light(const Mesh &mesh) {
             const glm::vec3 normal = reliefNormal(x, y);
             const glm::vec3 mirror = glm::reflect(-toViewer, normal);
             const float openness = std::min(1.0f, static_cast<float>(seen[cell].count()) / 56.0f);
+            const Coat &coat = coats[here];
             lights[here] = {gather(normal, seen[cell]), surroundings(mirror) * openness,
-                            std::pow(1.0f - std::abs(glm::dot(normal, toViewer)), 4.0f)};
+                            std::pow(1.0f - std::abs(glm::dot(normal, toViewer)), 4.0f),
+                            toLinear(glm::clamp(coat.colour, 0.0f, 1.0f)),
+                            std::pow(std::max(coat.tone, 0.0f), 2.2f)};
         }
     }
 }
 
-glm::vec3 SkinBaker::colourOf(std::size_t texel, const glm::vec3 &teamColour) const {
+glm::vec3 SkinBaker::colourOf(std::size_t texel, const glm::vec3 &linearTeamColour) const {
     const Coat &coat = coats[texel];
     const Lit &lit = lights[texel];
-    const glm::vec3 base =
-        glm::mix(toLinear(glm::clamp(coat.colour, 0.0f, 1.0f)),
-                 toLinear(teamColour) * std::pow(std::max(coat.tone, 0.0f), 2.2f), coat.team);
+    const glm::vec3 base = glm::mix(lit.colour, linearTeamColour * lit.tone, coat.team);
     const glm::vec3 diffuse = base * lit.diffuse * (1.0f - 0.75f * coat.metal);
     const glm::vec3 mirror = glm::mix(glm::vec3(0.06f + 0.25f * lit.shine), base * 1.6f, coat.metal);
     const glm::vec3 reflected = mirror * lit.mirrored * coat.gloss;
@@ -141,6 +142,7 @@ glm::vec3 SkinBaker::colourOf(std::size_t texel, const glm::vec3 &teamColour) co
 
 QImage SkinBaker::skin(const glm::vec3 &teamColour) const {
     SkinSpill picture(skinSize);
+    const glm::vec3 linearTeamColour = toLinear(teamColour);
     for (unsigned y = 0; y < skinSize; ++y) {
         for (unsigned x = 0; x < skinSize; ++x) {
             glm::vec3 sum(0.0f);
@@ -150,7 +152,7 @@ QImage SkinBaker::skin(const glm::vec3 &teamColour) const {
                                          x * samplesAcross + sample % samplesAcross;
                 if (!texels[here].covered || buried[here])
                     continue;
-                sum += toSeen(colourOf(here, teamColour));
+                sum += toSeen(colourOf(here, linearTeamColour));
                 ++count;
             }
             if (count > 0)

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr float worldRadius = 130;
-constexpr float base = 1.0F; ///< Of the layer, above the viewer; all lengths are in this unit.
+constexpr float cloudBase = 1.0F; ///< Of the layer, above the viewer; all lengths are in this unit.
 constexpr float thickness = 0.52F;
 constexpr float fullDensity = 34;
 
@@ -56,7 +56,7 @@ float broadShape(glm::vec3 p, float rise) {
 }
 
 float riseOf(glm::vec3 p) {
-    return (heightOf(p) - base) / thickness;
+    return (heightOf(p) - cloudBase) / thickness;
 }
 
 /// Share of light that a unit length takes away, 0 outside. Without `fine` the smallest curls are left out.
@@ -66,12 +66,16 @@ float density(glm::vec3 p, bool fine) {
         return 0;
     }
     float shape = broadShape(p, rise);
-    if (shape < -0.42F) {
+    // Rounded heaps on the outside, finer ones on those; noise is not asked for where it cannot bring cloud.
+    const float strength = 0.35F + 0.9F * rise;
+    const float mostOfFine = fine ? 0.23F * strength : 0.0F;
+    if (shape < -0.42F || shape + 0.55F * 0.42F * strength + mostOfFine <= 0.0F) {
         return 0;
     }
-    // Rounded heaps on the outside, finer ones on those.
-    const float strength = 0.35F + 0.9F * rise;
     shape += 0.55F * strength * (0.42F - std::abs(spaceNoise(p * 4.3F, 932)));
+    if (shape + mostOfFine <= 0.0F) {
+        return 0;
+    }
     if (fine && shape > -0.25F && shape < 0.5F) {
         shape += strength * (0.55F * (0.21F - 0.5F * std::abs(spaceNoise(p * 9.3F, 933))) +
                              0.07F * spaceFractal(p * 19.0F, 2, 934));
@@ -106,8 +110,8 @@ glm::vec3 cumulus(glm::vec3 direction, glm::vec3 air) {
     if (direction.y <= 0.01F) {
         return air;
     }
-    const float near = distanceToHeight(direction.y, base);
-    const float far = std::min(distanceToHeight(direction.y, base + thickness), near + 4.0F);
+    const float near = distanceToHeight(direction.y, cloudBase);
+    const float far = std::min(distanceToHeight(direction.y, cloudBase + thickness), near + 4.0F);
     // A line of sight along the layer is longer, but what it meets is farther away.
     const int steps = static_cast<int>(36.0F + 20.0F * std::min(1.0F, (far - near) / 3.0F));
     const float step = (far - near) / static_cast<float>(steps);

@@ -8,24 +8,21 @@
 
 namespace {
 
-constexpr int side = 1024;
-constexpr float circle = 6.2831853F;
-
-glm::ivec2 texel(glm::vec2 uv, int pictureSide) {
-    return glm::ivec2(uv * static_cast<float>(pictureSide));
+glm::ivec2 texel(glm::vec2 uv, int side) {
+    return glm::ivec2(uv * static_cast<float>(side));
 }
 
 /// Dried mud: plates with curled rims between cracks of two sizes.
 struct Mud {
-    Field height{side};
-    Field plate{side}; ///< A number from 0 to 1 per plate.
+    Field height{groundSide};
+    Field plate{groundSide}; ///< A number from 0 to 1 per plate.
 };
 
 Mud driedMud() {
     Mud mud;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            const glm::vec2 uv = (glm::vec2(x, y) + 0.5F) / static_cast<float>(side);
+    for (int y = 0; y < groundSide; ++y) {
+        for (int x = 0; x < groundSide; ++x) {
+            const glm::vec2 uv = (glm::vec2(x, y) + 0.5F) / static_cast<float>(groundSide);
             const glm::vec2 warp(0.018F * fractalNoise(uv, 9, 5, 501, 0.6F),
                                  0.018F * fractalNoise(uv, 9, 5, 502, 0.6F));
             const CellSample large = cellNoise(uv + warp, 9, 0.95F, 503);
@@ -98,9 +95,9 @@ Picture crackedEarth() {
     const Mud mud = driedMud();
     const Field cavity = relief(mud.height, 14);
     const Field level = levelness(mud.height, 9.0F);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at = texel(uv, side);
+        const glm::ivec2 at = texel(uv, groundSide);
         const float dust = 0.5F + 0.5F * fractalNoise(uv, 8, 6, 510, 0.6F);
         glm::vec3 color = ramp({{0.50F, 0.30F, 0.22F}, {0.64F, 0.40F, 0.29F}, {0.75F, 0.53F, 0.41F}},
                                0.25F + 0.5F * dust + 0.25F * (mud.plate.at(at.x, at.y) - 0.5F));
@@ -119,7 +116,7 @@ Picture crackedEarth() {
 
 Picture stonyDesert() {
     // Twice the size and averaged down, for clean outlines.
-    constexpr int fine = 2 * side;
+    constexpr int fine = 2 * groundSide;
     Random random(521);
     const std::vector<Stone> stones = scatterStones(fine, 6400, 7, 72, 0.03F, random);
     StoneLayer layer(fine);
@@ -131,9 +128,9 @@ Picture stonyDesert() {
                                        {0.55F, 0.53F, 0.51F},
                                        {0.68F, 0.60F, 0.49F}};
     // What needs no clean outline is made at the final size.
-    Field mottling(side);
+    Field mottling(groundSide);
     mottling.fill([](glm::vec2 uv) { return fractalNoise(uv, 64, 5, 520, 0.65F); });
-    Field sandy(side);
+    Field sandy(groundSide);
     sandy.fill([](glm::vec2 uv) { return fractalNoise(uv, 40, 5, 523, 0.7F); });
     Picture picture(fine);
     picture.fill([&](glm::vec2 uv) {
@@ -156,11 +153,11 @@ Picture stonyDesert() {
 }
 
 Picture windRipples() {
-    const Field ripples = sandRipples(side, 19, 531);
-    const Field fine = sandRipples(side, 61, 532);
-    Picture picture(side);
+    const Field ripples = sandRipples(groundSide, 19, 531);
+    const Field fine = sandRipples(groundSide, 61, 532);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at = texel(uv, side);
+        const glm::ivec2 at = texel(uv, groundSide);
         const float height = ripples.at(at.x, at.y) + 0.12F * fine.at(at.x, at.y);
         const float broad = fractalNoise(uv, 6, 4, 533);
         glm::vec3 color =
@@ -175,16 +172,16 @@ Picture windRipples() {
 }
 
 Picture fineSand() {
-    Field height(side);
+    Field height(groundSide);
     height.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.03F * fractalNoise(uv, 5, 3, 541), 0.03F * fractalNoise(uv, 5, 3, 542));
         return 0.6F * fractalNoise(uv + warp, 9, 6, 543, 0.55F) + 0.5F * ridgedNoise(uv + warp, 14, 3, 544);
     });
     const Field cavity = relief(height, 30);
     const Field level = levelness(height, 16.0F);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at = texel(uv, side);
+        const glm::ivec2 at = texel(uv, groundSide);
         const float damp = 0.5F + 0.5F * fractalNoise(uv, 6, 4, 545);
         glm::vec3 color = glm::mix(glm::vec3(0.88F, 0.78F, 0.60F), glm::vec3(0.80F, 0.69F, 0.52F), damp);
         // Every grain has its own mineral: pale quartz, amber, a few dark ones.

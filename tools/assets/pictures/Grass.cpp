@@ -6,12 +6,9 @@
 
 namespace {
 
-constexpr int side = 1024;
-constexpr float circle = 6.2831853F;
-
 /// Soil with crumbs, the same recipe under every grass.
 Picture soil(const std::vector<glm::vec3> &stops, std::uint32_t seed) {
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
         const float broad = fractalNoise(uv, 10, 5, seed, 0.6F);
         const float crumbs = fractalNoise(uv, 90, 3, seed + 7, 0.8F);
@@ -22,9 +19,9 @@ Picture soil(const std::vector<glm::vec3> &stops, std::uint32_t seed) {
 
 /// Where there is more than elsewhere, the same share in every part of the picture.
 Field patches(int period, float threshold, float softness, std::uint32_t seed) {
-    Field field(side);
+    Field field(groundSide);
     field.fill([&](glm::vec2 uv) { return fractalNoise(uv, period, 4, seed); });
-    field = standardised(field, 2 * side / period);
+    field = standardised(field, 2 * groundSide / period);
     for (float &value : field.values()) {
         value = glm::smoothstep(threshold - softness, threshold + softness, value);
     }
@@ -44,7 +41,7 @@ void drift(Picture &picture, glm::vec3 toward, std::uint32_t seed) {
 
 /// A cushion of moss: domes of several sizes under a short pile.
 Field mossHeight() {
-    Field height(side);
+    Field height(groundSide);
     height.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.02F * fractalNoise(uv, 12, 3, 41), 0.02F * fractalNoise(uv, 12, 3, 43));
         const float large = 1.0F - cellNoise(uv + warp, 13, 0.95F, 44).nearest;
@@ -57,7 +54,7 @@ Field mossHeight() {
 /// The pile itself: short bright sprigs that stand out from the middle of each cushion.
 void drawMossPile(Picture &picture, const Field &height, Random &random) {
     for (int sprig = 0; sprig < 90000; ++sprig) {
-        const glm::vec2 root(side * random.fraction(), side * random.fraction());
+        const glm::vec2 root(groundSide * random.fraction(), groundSide * random.fraction());
         const int x = static_cast<int>(root.x);
         const int y = static_cast<int>(root.y);
         const glm::vec2 down(height.at(x - 3, y) - height.at(x + 3, y),
@@ -73,7 +70,7 @@ void drawMossPile(Picture &picture, const Field &height, Random &random) {
 void drawLitter(Picture &picture, int count, Random &random) {
     const std::vector<glm::vec3> stops{{0.36F, 0.29F, 0.19F}, {0.50F, 0.41F, 0.26F}, {0.60F, 0.53F, 0.37F}};
     for (int i = 0; i < count; ++i) {
-        const glm::vec2 root(side * random.fraction(), side * random.fraction());
+        const glm::vec2 root(groundSide * random.fraction(), groundSide * random.fraction());
         const glm::vec3 color = ramp(stops, random.fraction());
         drawBlade(picture, root, circle * random.fraction(), random.between(16.0F, 60.0F),
                   random.between(0.9F, 2.0F), 0.75F * color, color, random);
@@ -149,10 +146,10 @@ Picture mossyGrass() {
     const Field height = mossHeight();
     const Field hollow = relief(height, 40);
     const Field grain = relief(height, 8);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const int x = static_cast<int>(uv.x * side);
-        const int y = static_cast<int>(uv.y * side);
+        const int x = static_cast<int>(uv.x * groundSide);
+        const int y = static_cast<int>(uv.y * groundSide);
         const float tone = 0.5F + 0.9F * hollow.at(x, y) + 0.8F * grain.at(x, y);
         const float hue = 0.5F + 0.5F * fractalNoise(uv, 13, 4, 302);
         const glm::vec3 deep = glm::mix(glm::vec3(0.10F, 0.16F, 0.07F), glm::vec3(0.16F, 0.15F, 0.06F), hue);

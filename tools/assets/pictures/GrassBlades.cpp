@@ -2,11 +2,7 @@
 
 #include "tools/assets/pictures/Stroke.h"
 
-namespace {
-
-constexpr float circle = 6.2831853F;
-
-} // namespace
+namespace {} // namespace
 
 void drawBlade(Picture &picture, glm::vec2 root, float angle, float length, float thickness,
                glm::vec3 rootColor, glm::vec3 tipColor, Random &random) {

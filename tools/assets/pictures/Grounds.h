@@ -6,6 +6,8 @@
 /// multiplied by the ground's colour and by the light, so its form comes from contrast without a light
 /// direction. Brightness and evenness are given to it afterwards, by the list in PictureJobs.cpp.
 
+inline constexpr int groundSide = 1024;
+
 Picture lushGrass();
 Picture dryGrass();
 Picture mossyGrass();

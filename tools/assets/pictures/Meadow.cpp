@@ -6,9 +6,6 @@
 
 namespace {
 
-constexpr int side = 1024;
-constexpr float circle = 6.2831853F;
-
 /// A flower as it stands: where it looks, how far it nods.
 struct Flower {
     glm::vec2 middle{};
@@ -90,7 +87,7 @@ void drawFlower(Picture &picture, const Flower &flower) {
 /// Long flat leaves, bluish green.
 void drawLeaves(Picture &picture, int count, Random &random) {
     for (int i = 0; i < count; ++i) {
-        const glm::vec2 root(side * random.fraction(), side * random.fraction());
+        const glm::vec2 root(groundSide * random.fraction(), groundSide * random.fraction());
         const float angle = circle * random.fraction();
         for (int leaf = 0; leaf < 4; ++leaf) {
             const glm::vec3 color = glm::vec3(0.38F, 0.56F, 0.32F) * random.between(0.75F, 1.15F);
@@ -105,11 +102,11 @@ void drawLeaves(Picture &picture, int count, Random &random) {
 std::vector<glm::vec2> flowerPlaces(int count, float distance, Random &random) {
     std::vector<glm::vec2> places;
     for (int attempt = 0; attempt < 60 * count && static_cast<int>(places.size()) < count; ++attempt) {
-        const glm::vec2 place(side * random.fraction(), side * random.fraction());
+        const glm::vec2 place(groundSide * random.fraction(), groundSide * random.fraction());
         bool free = true;
         for (const glm::vec2 &other : places) {
             const glm::vec2 d = glm::abs(place - other);
-            const glm::vec2 around = glm::min(d, static_cast<float>(side) - d);
+            const glm::vec2 around = glm::min(d, static_cast<float>(groundSide) - d);
             free = free && glm::dot(around, around) > distance * distance;
         }
         if (free) {
@@ -137,7 +134,7 @@ Flower someFlower(glm::vec2 place, Random &random) {
 
 Picture daffodilMeadow() {
     Random random(401);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([](glm::vec2 uv) {
         return glm::vec3(0.17F, 0.22F, 0.09F) * (1.0F + 0.4F * fractalNoise(uv, 14, 4, 402));
     });
@@ -146,10 +143,10 @@ Picture daffodilMeadow() {
     look.root = {0.15F, 0.22F, 0.08F};
     look.colors = {
         {0.36F, 0.55F, 0.20F}, {0.44F, 0.61F, 0.24F}, {0.34F, 0.51F, 0.24F}, {0.50F, 0.64F, 0.28F}};
-    drawGrass(picture, look, Field(side, 1.0F), random);
+    drawGrass(picture, look, Field(groundSide, 1.0F), random);
     drawLeaves(picture, 260, random);
     look.tufts = 800;
-    drawGrass(picture, look, Field(side, 1.0F), random);
+    drawGrass(picture, look, Field(groundSide, 1.0F), random);
     for (const glm::vec2 place : flowerPlaces(105, 78, random)) {
         drawFlower(picture, someFlower(place, random));
     }

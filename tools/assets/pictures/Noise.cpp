@@ -5,16 +5,6 @@
 
 namespace {
 
-constexpr float circle = 6.2831853F;
-
-std::uint32_t mixed(std::uint32_t value) {
-    value ^= value >> 16U;
-    value *= 0x7FEB352DU;
-    value ^= value >> 15U;
-    value *= 0x846CA68BU;
-    return value ^ (value >> 16U);
-}
-
 int wrapped(int value, int period) {
     // Callers stay within a picture and its warp: a division would cost more than the odd second turn.
     while (value < 0) {
@@ -45,24 +35,31 @@ float latticeDot(int x, int y, std::uint32_t seed, glm::vec2 offset) {
     return glm::dot(directions[hashed(x, y, seed) >> 26U], offset);
 }
 
-/// One of the twelve edge directions of a cube, against the offset.
+/// The twelve directions from a cube's middle to its edges, four of them twice.
+constexpr std::array<glm::vec3, 16> edgeDirections{{{1, 1, 0},
+                                                    {-1, 1, 0},
+                                                    {1, -1, 0},
+                                                    {-1, -1, 0},
+                                                    {1, 0, 1},
+                                                    {-1, 0, 1},
+                                                    {1, 0, -1},
+                                                    {-1, 0, -1},
+                                                    {0, 1, 1},
+                                                    {0, -1, 1},
+                                                    {0, 1, -1},
+                                                    {0, -1, -1},
+                                                    {1, 1, 0},
+                                                    {0, -1, 1},
+                                                    {-1, 1, 0},
+                                                    {0, -1, -1}}};
+
+/// One of the edge directions, against the offset.
 float spaceDot(int x, int y, int z, std::uint32_t seed, glm::vec3 d) {
     const std::uint32_t h = hashed(x, y, seed + static_cast<std::uint32_t>(z & 1023) * 0x9E3779B9U) >> 28U;
-    const float u = h < 8U ? d.x : d.y;
-    const float v = h < 4U ? d.y : (h == 12U || h == 14U ? d.x : d.z);
-    return ((h & 1U) != 0U ? -u : u) + ((h & 2U) != 0U ? -v : v);
+    return glm::dot(edgeDirections[h], d);
 }
 
 } // namespace
-
-std::uint32_t hashed(int x, int y, std::uint32_t seed) {
-    return mixed(static_cast<std::uint32_t>(x) * 0x9E3779B1U + static_cast<std::uint32_t>(y) * 0x85EBCA77U +
-                 seed * 0xC2B2AE3DU);
-}
-
-float hashedFraction(int x, int y, std::uint32_t seed) {
-    return static_cast<float>(hashed(x, y, seed) >> 8U) / 16777216.0F;
-}
 
 float gradientNoise(glm::vec2 p, int period, std::uint32_t seed) {
     const glm::vec2 base = glm::floor(p);

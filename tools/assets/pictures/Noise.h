@@ -7,11 +7,28 @@
 /// p and p + period on each axis, so a picture that spans one period joins itself on all four sides.
 /// Hash lattices, because the maths library's own periodic noise takes ten times as long per sample.
 
+/// A full turn, in radians.
+inline constexpr float circle = 6.2831853F;
+
+/// A number whose bits each depend on all bits of `value`.
+constexpr std::uint32_t mixed(std::uint32_t value) {
+    value ^= value >> 16U;
+    value *= 0x7FEB352DU;
+    value ^= value >> 15U;
+    value *= 0x846CA68BU;
+    return value ^ (value >> 16U);
+}
+
 /// A well-mixed number of two lattice coordinates and a seed.
-std::uint32_t hashed(int x, int y, std::uint32_t seed);
+constexpr std::uint32_t hashed(int x, int y, std::uint32_t seed) {
+    return mixed(static_cast<std::uint32_t>(x) * 0x9E3779B1U + static_cast<std::uint32_t>(y) * 0x85EBCA77U +
+                 seed * 0xC2B2AE3DU);
+}
 
 /// The same as a fraction from 0 to below 1.
-float hashedFraction(int x, int y, std::uint32_t seed);
+constexpr float hashedFraction(int x, int y, std::uint32_t seed) {
+    return static_cast<float>(hashed(x, y, seed) >> 8U) / 16777216.0F;
+}
 
 /// Gradient noise, about -1 to 1.
 float gradientNoise(glm::vec2 p, int period, std::uint32_t seed);

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr float circle = 6.2831853F;
-
 /// Gentle back, steep lee: rises over three quarters of a ripple's length, falls over the rest.
 float profile(float phase) {
     constexpr float crest = 0.72F;

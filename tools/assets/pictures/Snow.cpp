@@ -6,9 +6,6 @@
 
 namespace {
 
-constexpr int side = 1024;
-constexpr float circle = 6.2831853F;
-
 /// Cracks in ice: long bent lines, each with finer branches.
 void drawCracks(Field &cracks, int count, Random &random) {
     for (int i = 0; i < count; ++i) {
@@ -16,7 +13,7 @@ void drawCracks(Field &cracks, int count, Random &random) {
         const float length = random.between(90.0F, 420.0F);
         const float bend = 0.35F * random.bell();
         Stroke stroke;
-        stroke.start = static_cast<float>(side) * glm::vec2(random.fraction(), random.fraction());
+        stroke.start = static_cast<float>(groundSide) * glm::vec2(random.fraction(), random.fraction());
         stroke.control = stroke.start + 0.5F * length * glm::vec2(std::cos(angle), std::sin(angle));
         stroke.end =
             stroke.control + 0.5F * length * glm::vec2(std::cos(angle + bend), std::sin(angle + bend));
@@ -34,7 +31,7 @@ void drawCracks(Field &cracks, int count, Random &random) {
 /// Crystals that catch the light: single bright texels with faint arms.
 void drawSparkles(Picture &picture, int count, Random &random) {
     for (int i = 0; i < count; ++i) {
-        const glm::ivec2 at(random.below(side), random.below(side));
+        const glm::ivec2 at(random.below(groundSide), random.below(groundSide));
         const float strength = random.fraction() * random.fraction();
         picture.at(at.x, at.y) += 0.30F * strength;
         for (const glm::ivec2 arm :
@@ -47,7 +44,7 @@ void drawSparkles(Picture &picture, int count, Random &random) {
 } // namespace
 
 Picture freshSnow() {
-    Field height(side);
+    Field height(groundSide);
     height.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.02F * fractalNoise(uv, 5, 2, 701), 0.02F * fractalNoise(uv, 5, 2, 702));
         const float mounds = cellNoise(uv + 2.0F * warp, 9, 0.9F, 709).nearest;
@@ -61,9 +58,9 @@ Picture freshSnow() {
     const Field broad = relief(height, 70);
     const Field close = relief(height, 9);
     const Field level = levelness(height, 30.0F);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(groundSide));
         const float lit = 0.60F + 0.95F * broad.at(at.x, at.y) + 1.3F * close.at(at.x, at.y) +
                           0.26F * (level.at(at.x, at.y) - 0.9F) +
                           0.10F * (hashedFraction(at.x, at.y, 706) - 0.5F);
@@ -81,10 +78,10 @@ Picture freshSnow() {
 
 Picture packedSnow() {
     Random random(711);
-    Field cracks(side);
+    Field cracks(groundSide);
     drawCracks(cracks, 150, random);
     const Field halo = blurred(cracks, 5);
-    Field height(side);
+    Field height(groundSide);
     height.fill([](glm::vec2 uv) {
         // Wind has carved the crust along x.
         const glm::vec2 warp(0.018F * fractalNoise(uv, 6, 3, 712), 0.018F * fractalNoise(uv, 6, 3, 713));
@@ -94,9 +91,9 @@ Picture packedSnow() {
     const Field cavity = relief(height, 18);
     const Field level = levelness(height, 14.0F);
     const Field cover = standardised(height, 60);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(groundSide));
         const float bare = glm::smoothstep(-0.2F, -1.3F, cover.at(at.x, at.y));
         const float inside =
             fractalNoise(uv + glm::vec2(0.03F * fractalNoise(uv, 7, 3, 716)), 12, 6, 717, 0.6F);

@@ -2,21 +2,43 @@
 
 #include "tools/assets/pictures/Stroke.h"
 
+#include <array>
+
 namespace {
 
-constexpr float circle = 6.2831853F;
-
-/// The outline's distance from the centre toward `angle`, 1 for a plain ellipse.
-float outline(const Stone &stone, float angle) {
-    float radius = 1;
-    for (int wave = 2; wave <= 6; ++wave) {
-        const float phase = circle * hashedFraction(wave, 1, stone.seed);
-        const float size = hashedFraction(wave, 2, stone.seed) - 0.3F;
-        radius += stone.corners * size * (3.0F / (1.0F + static_cast<float>(wave))) *
-                  std::cos(static_cast<float>(wave) * angle + phase);
+/// A stone's outline: waves of two to six to a turn around an ellipse.
+class Outline {
+public:
+    explicit Outline(const Stone &stone) {
+        for (int i = 0; i < static_cast<int>(m_waves.size()); ++i) {
+            const int wave = i + 2;
+            const float phase = circle * hashedFraction(wave, 1, stone.seed);
+            const float size = hashedFraction(wave, 2, stone.seed) - 0.3F;
+            const float height = stone.corners * size * (3.0F / (1.0F + static_cast<float>(wave)));
+            m_waves[static_cast<std::size_t>(i)] = height * glm::vec2(std::cos(phase), std::sin(phase));
+            m_farthest += std::abs(height);
+        }
     }
-    return radius;
-}
+
+    /// No part of the outline is farther from the centre.
+    float farthest() const { return m_farthest; }
+
+    /// Its distance from the centre toward `direction`, of unit length; 1 for a plain ellipse.
+    float toward(glm::vec2 direction) const {
+        float radius = 1;
+        glm::vec2 turned = direction;
+        for (const glm::vec2 wave : m_waves) {
+            turned = {turned.x * direction.x - turned.y * direction.y,
+                      turned.x * direction.y + turned.y * direction.x};
+            radius += glm::dot(wave, glm::vec2(turned.x, -turned.y));
+        }
+        return radius;
+    }
+
+private:
+    std::array<glm::vec2, 5> m_waves{}; ///< Cosine and sine of each one's phase, times its height.
+    float m_farthest = 1;
+};
 
 float aroundDistance(glm::vec2 a, glm::vec2 b, float side) {
     const glm::vec2 d = glm::abs(a - b);
@@ -72,15 +94,20 @@ std::vector<Stone> scatterStones(int side, int count, float smallest, float larg
 void layStones(StoneLayer &layer, const std::vector<Stone> &stones, float squareness) {
     for (std::size_t i = 0; i < stones.size(); ++i) {
         const Stone &stone = stones[i];
+        const Outline outline(stone);
+        const float top = 0.55F * stone.size * stone.slim;
         const float reach = 1.35F * stone.size;
         drawStamp(stone.centre, reach, stone.turn, [&](int x, int y, glm::vec2 q) {
             const glm::vec2 p(1.35F * q.x, 1.35F * q.y / stone.slim);
-            const float d = glm::length(p) / outline(stone, std::atan2(p.y, p.x));
+            const float distance = glm::length(p);
+            if (distance >= outline.farthest() || top <= layer.height.at(x, y)) {
+                return;
+            }
+            const float d = distance / outline.toward(distance > 0.0F ? p / distance : glm::vec2(1, 0));
             if (d >= 1.0F) {
                 return;
             }
-            const float dome = std::pow(1.0F - std::pow(d, squareness), 1.0F / squareness);
-            const float height = 0.55F * stone.size * stone.slim * dome;
+            const float height = top * std::pow(1.0F - std::pow(d, squareness), 1.0F / squareness);
             if (height > layer.height.at(x, y)) {
                 layer.height.at(x, y) = height;
                 layer.owner.at(x, y) = static_cast<int>(i);

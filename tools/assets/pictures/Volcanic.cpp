@@ -7,19 +7,17 @@
 
 namespace {
 
-constexpr int side = 1024;
-
 /// What the basalt is made from, texel by texel.
 struct Basalt {
-    Field height{side};
-    Field crack{side}; ///< How much of a glowing crack: 1 in its middle.
+    Field height{groundSide};
+    Field crack{groundSide}; ///< How much of a glowing crack: 1 in its middle.
 };
 
 Basalt basalt() {
     Basalt rock;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            const glm::vec2 uv = (glm::vec2(x, y) + 0.5F) / static_cast<float>(side);
+    for (int y = 0; y < groundSide; ++y) {
+        for (int x = 0; x < groundSide; ++x) {
+            const glm::vec2 uv = (glm::vec2(x, y) + 0.5F) / static_cast<float>(groundSide);
             const glm::vec2 warp(0.022F * fractalNoise(uv, 8, 6, 601, 0.6F),
                                  0.022F * fractalNoise(uv, 8, 6, 602, 0.6F));
             const CellSample slab = cellNoise(uv + warp, 11, 0.95F, 603);
@@ -61,9 +59,9 @@ Picture glowingBasalt() {
     const Field cavity = relief(rock.height, 16);
     const Field level = levelness(rock.height, 22.0F);
     const Field halo = blurred(rock.crack, 16);
-    Picture picture(side);
+    Picture picture(groundSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(groundSide));
         const float tone = fractalNoise(uv, 9, 6, 610, 0.6F);
         glm::vec3 color =
             glm::mix(glm::vec3(0.33F, 0.33F, 0.35F), glm::vec3(0.42F, 0.39F, 0.36F), 0.5F + 0.5F * tone);
@@ -82,7 +80,7 @@ Picture glowingBasalt() {
 }
 
 Picture ashAndCinders() {
-    constexpr int fine = 2 * side;
+    constexpr int fine = 2 * groundSide;
     Random random(621);
     std::vector<Stone> stones = scatterStones(fine, 1900, 4, 50, 0.05F, random);
     for (Stone &stone : stones) {
@@ -91,19 +89,19 @@ Picture ashAndCinders() {
     StoneLayer layer(fine);
     layStones(layer, stones, 2.2F);
     // What needs no clean outline is made at the final size.
-    Field ground(side);
+    Field ground(groundSide);
     ground.fill([](glm::vec2 uv) {
         const glm::vec2 warp(0.03F * fractalNoise(uv, 6, 3, 622), 0.03F * fractalNoise(uv, 6, 3, 623));
         return fractalNoise(uv + warp, 9, 6, 624, 0.55F);
     });
     const Field drifts = relief(ground, 30);
-    Field tone(side);
+    Field tone(groundSide);
     tone.fill([](glm::vec2 uv) { return fractalNoise(uv, 10, 5, 626); });
-    Field rough(side);
+    Field rough(groundSide);
     rough.fill([](glm::vec2 uv) { return ridgedNoise(uv, 60, 4, 628) - 0.55F * pores(uv, 170, 629); });
-    Field dusty(side);
+    Field dusty(groundSide);
     dusty.fill([](glm::vec2 uv) { return fractalNoise(uv, 50, 4, 630); });
-    Field grit(side);
+    Field grit(groundSide);
     grit.fill([](glm::vec2 uv) { return fractalNoise(uv, 100, 3, 627, 0.7F); });
     const Field cavity = relief(layer.height, 16);
     Picture picture(fine);

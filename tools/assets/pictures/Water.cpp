@@ -2,12 +2,12 @@
 
 #include "tools/assets/pictures/Noise.h"
 
+#include <array>
 #include <cmath>
 
 namespace {
 
-constexpr int side = 512;
-constexpr float circle = 6.2831853F;
+constexpr int waterSide = 512;
 
 struct Swell {
     int waves = 60;
@@ -19,8 +19,8 @@ struct Swell {
 
 /// The surface: its height, and where its points have been pushed together into crests.
 struct Surface {
-    Field height{side};
-    Field crest{side};
+    Field height{waterSide};
+    Field crest{waterSide};
 };
 
 /// A sum of waves, each of which fits the picture a whole number of times.
@@ -41,14 +41,18 @@ Surface makeSurface(const Swell &swell, std::uint32_t seed) {
         const float real = std::sqrt(static_cast<float>(across * across + down * down));
         const float height = std::pow(real, -swell.decay) * glm::mix(1.0F, along * along, swell.wind);
         const float phase = circle * random.fraction();
-        for (int y = 0; y < side; ++y) {
-            for (int x = 0; x < side; ++x) {
-                const int place = ((across * x + down * y) % side + side) % side;
-                const float c =
-                    std::cos(circle * static_cast<float>(place) / static_cast<float>(side) + phase);
-                surface.height.at(x, y) += height * c;
+        // A wave that fits the picture takes no other values than these along a row.
+        std::array<float, waterSide> profile{};
+        for (std::size_t place = 0; place < profile.size(); ++place) {
+            profile[place] =
+                height * std::cos(circle * static_cast<float>(place) / static_cast<float>(waterSide) + phase);
+        }
+        for (int y = 0; y < waterSide; ++y) {
+            for (int x = 0; x < waterSide; ++x) {
+                const auto place = static_cast<std::size_t>((across * x + down * y) & (waterSide - 1));
+                surface.height.at(x, y) += profile[place];
                 // The waves push sideways too; where that gathers points, a crest sharpens.
-                surface.crest.at(x, y) += height * real * c;
+                surface.crest.at(x, y) += real * profile[place];
             }
         }
     }
@@ -88,9 +92,9 @@ const Tones stormTones{{0.06F, 0.07F, 0.08F},
 
 Picture calmWater() {
     const Surface surface = makeSurface({40, 9, 30, 1.3F, 0.1F}, 801);
-    Picture picture(side);
+    Picture picture(waterSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(waterSide));
         const float h = surface.height.at(at.x, at.y);
         const glm::vec2 bend = 0.016F * glm::vec2(h, surface.height.at(at.x + 90, at.y + 40));
         const float light = 0.15F + 0.02F * h +
@@ -103,9 +107,9 @@ Picture calmWater() {
 
 Picture rippledWater() {
     const Surface surface = makeSurface({80, 11, 44, 1.0F, 0.5F}, 811);
-    Picture picture(side);
+    Picture picture(waterSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(waterSide));
         const float h = surface.height.at(at.x, at.y);
         const float crest = surface.crest.at(at.x, at.y);
         const float glint = std::pow(glm::smoothstep(1.2F, 3.4F, crest), 1.4F);
@@ -116,9 +120,9 @@ Picture rippledWater() {
 
 Picture roughWater() {
     const Surface surface = makeSurface({110, 9, 60, 1.2F, 0.45F}, 821);
-    Picture picture(side);
+    Picture picture(waterSide);
     picture.fill([&](glm::vec2 uv) {
-        const glm::ivec2 at(uv * static_cast<float>(side));
+        const glm::ivec2 at(uv * static_cast<float>(waterSide));
         const float h = surface.height.at(at.x, at.y);
         const float crest = surface.crest.at(at.x, at.y);
         const glm::vec2 bend = 0.02F * glm::vec2(crest, h);

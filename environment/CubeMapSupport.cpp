@@ -1,14 +1,12 @@
 #include "environment/CubeMapSupport.h"
 
+#include "environment/Logging.h"
 #include "environment/OpenGLSetup.h"
 
 // The only file that includes this header: it does not get along with the toolkit's own OpenGL headers.
 #include <GL/glew.h>
-#include <QLoggingCategory>
 
 namespace {
-
-Q_LOGGING_CATEGORY(openGLLog, "druvelk.opengl")
 
 /// What the loader answers under Wayland, where there is no GLX; its flags are set all the same.
 constexpr GLenum noGlxDisplay = 4;

@@ -1,8 +1,9 @@
 #include "environment/GLErrors.h"
 
+#include "environment/Logging.h"
+
 #include <GL/gl.h>
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QOpenGLContext>
 #include <QQueue>
@@ -10,8 +11,6 @@
 #include <utility>
 
 namespace {
-
-Q_LOGGING_CATEGORY(openGLLog, "druvelk.opengl")
 
 struct Message {
     QString caption;

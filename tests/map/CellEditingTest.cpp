@@ -1,41 +1,56 @@
 #include "map/CellGrid.h"
 #include "map/MeshNode.h"
-#include "scene/CharacterNode.h"
 #include "support/druvelkTest.h"
+#include "support/seededRandom.h"
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
-using Colour = std::array<float, 3>;
+/// The rules of heights and colours in double precision, point by point.
+struct Model {
+    struct Cell {
+        double red = 0;
+        bool water = false;
+    };
 
-constexpr Colour lake{0.05F, 0.05F, 0.75F};
+    int n;
+    std::vector<double> heights;
+    std::array<Cell, CellGrid::cellCount> cells{};
 
-bool close(const Colour &a, const Colour &b) {
-    return std::fabs(a[0] - b[0]) < 1e-5F && std::fabs(a[1] - b[1]) < 1e-5F && std::fabs(a[2] - b[2]) < 1e-5F;
-}
+    int pointsOfACell() const { return n / 20; }
 
-/// A terrain and the cells bound to it, as the map view binds them.
-struct Bound {
-    Bound(int dimension, int density, const std::function<float(int, int)> &height = {}) {
-        mesh.setSize(dimension, density);
-        int next = 0;
-        const int n = TerrainMesh::pointsPerSideOf(dimension, density);
-        mesh.build([&] {
-            const int i = next++;
-            return height ? height(i / n, i % n) : 0.0F;
-        });
-        grid.resize(CellGrid::cellCount);
-        grid.setTerrain(&mesh);
-        grid.setSize(density, dimension);
+    /// Beyond the last row that row stands in.
+    double at(int row, int column) const {
+        return heights[std::size_t(std::min(row, n - 1) * n + std::min(column, n - 1))];
     }
 
-    MapCell &cell(int number) { return grid.cells[std::size_t(number)]; }
-    float height(int point) const { return mesh.vertices[std::size_t(point)].position.y; }
+    void recolour() {
+        const int k = pointsOfACell();
+        for (int i = 0; i < 400; ++i) {
+            const int row = i / 20 * k;
+            const int column = i % 20 * k;
+            const double corners =
+                at(row, column) + at(row, column + k - 1) + at(row + k, column) + at(row + k, column + k - 1);
+            const double height = 0.1 * corners + 0.6 * at(row + k / 2, column + k / 2);
+            cells[std::size_t(i)] = {0.95 - 0.05 * height, height < -0.3};
+        }
+    }
 
-    MeshNode mesh;
-    CellGrid grid{nullptr};
+    void turnWheel(int number, int notches) {
+        Cell &cell = cells[std::size_t(number)];
+        const bool up = notches > 0;
+        if (up ? !cell.water && cell.red < 0.1001 : cell.water) {
+            return;
+        }
+        cell.red = up && cell.water ? 0.95 : cell.red + (up ? -0.05 : 0.05);
+        cell.water = !up && cell.red > 0.965;
+        const int k = pointsOfACell();
+        for (int i = 0; i < k * k; ++i) {
+            const int row = number / 20 * k + i / k;
+            heights[std::size_t(row * n + number % 20 * k + i % k)] += notches / 1.5;
+        }
+    }
 };
 
 } // namespace
@@ -44,127 +59,56 @@ class CellEditingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void stepsFromANewCell() {
-        MapCell cell;
-        QVERIFY(cell.stepLevel(true));
-        QVERIFY(close(cell.color, {0.9F, 0.475F, 0.475F}));
-        for (int level = 2; level <= 17; ++level) {
-            QVERIFY(cell.stepLevel(true));
-        }
-        const Colour top = cell.color;
-        QVERIFY(!cell.stepLevel(true));
-        QCOMPARE(cell.color, top);
-        QVERIFY(close(top, {0.1F, 0.075F, 0.075F}));
-        for (int level = 17; level > 0; --level) {
-            QVERIFY(cell.stepLevel(false));
-            QVERIFY(!cell.water);
-        }
-        QVERIFY(cell.stepLevel(false));
-        QVERIFY(cell.water);
-        QCOMPARE(cell.color, lake);
-        QVERIFY(!cell.stepLevel(false));
-        QVERIFY(cell.stepLevel(true));
-        QVERIFY(!cell.water);
-        QVERIFY(close(cell.color, {0.95F, 0.475F, 0.475F}));
-    }
-
-    void movesTheBlocksOfSelectedCells_data() {
+    void cellsFollowTheTerrainAndTheWheel_data() {
         QTest::addColumn<int>("dimension");
         QTest::addColumn<int>("density");
-        QTest::addColumn<float>("steps");
-        QTest::addColumn<float>("moved");
-        QTest::newRow("60 x 4, one notch up") << 60 << 4 << 1.0F << 0.6666667F;
-        QTest::newRow("80 x 4, two notches up") << 80 << 4 << 2.0F << 1.3333334F;
-        QTest::newRow("40 x 2, one notch down") << 40 << 2 << -1.0F << -0.6666667F;
-        QTest::newRow("less than a notch lowers the colour only") << 60 << 2 << 0.0F << 0.0F;
-        QTest::newRow("points left over at the edge") << 7 << 7 << 3.0F << 2.0F;
+        QTest::newRow("usual") << 40 << 2;
+        QTest::newRow("points left over at the edge") << 7 << 7;
+        QTest::newRow("a point a cell") << 20 << 1;
     }
 
-    void movesTheBlocksOfSelectedCells() {
+    void cellsFollowTheTerrainAndTheWheel() {
         QFETCH(const int, dimension);
         QFETCH(const int, density);
-        QFETCH(const float, steps);
-        QFETCH(const float, moved);
-        Bound bound(dimension, density);
-        for (const int number : {0, 21, 199, 399}) {
-            bound.cell(number).selected = true;
-        }
-        bound.grid.changeSelectedHeight(steps);
+        std::mt19937 random = seededRandom();
         const int n = dimension * density;
-        const int k = n / 20;
-        for (int point = 0; point < n * n; ++point) {
-            const int row = point / n / k;
-            const int column = point % n / k;
-            const bool inside = row < 20 && column < 20 && bound.cell(20 * row + column).selected;
-            QVERIFY(std::fabs(bound.height(point) - (inside ? moved : 0)) < 1e-6F);
-        }
-        QVERIFY(bound.cell(21).water == (steps <= 0));
-        QVERIFY(close(bound.cell(21).color, steps > 0 ? Colour{0.9F, 0.475F, 0.475F} : lake));
-        QVERIFY(close(bound.cell(22).color, {0.95F, 0.5F, 0.5F}));
-    }
-
-    void aCellAtItsLimitKeepsItsHeights() {
-        Bound bound(40, 2);
-        bound.cell(0).selected = true;
-        bound.grid.changeSelectedHeight(-1);
-        bound.grid.changeSelectedHeight(-1);
-        QCOMPARE(bound.height(0), -0.6666667F);
-        for (int i = 0; i < 20; ++i) {
-            bound.grid.changeSelectedHeight(1);
-        }
-        QVERIFY(std::fabs(bound.height(0) - 17 * 0.6666667F) < 1e-4F);
-    }
-
-    void coloursShowHeights_data() {
-        QTest::addColumn<float>("height");
-        QTest::addColumn<Colour>("color");
-        const auto row = [](float height, const Colour &color) {
-            QTest::addRow("%g", double(height)) << height << color;
-        };
-        row(0, {0.95F, 0.475F, 0.475F});
-        row(10, {0.45F, 0.225F, 0.225F});
-        row(-0.29F, {0.9645F, 0.48225F, 0.48225F});
-        row(-0.3F, lake);
-        row(-40, lake);
-        row(21, {-0.1F, -0.05F, -0.05F});
-    }
-
-    void coloursShowHeights() {
-        QFETCH(const float, height);
-        QFETCH(const Colour, color);
-        Bound bound(60, 4, [height](int, int) { return height; });
-        bound.cell(7).water = true;
-        bound.grid.recolourFromHeights();
-        for (const MapCell &cell : bound.grid.cells) {
-            QVERIFY(close(cell.color, color));
-            QCOMPARE(cell.water, color == lake);
+        Model model{n, {}};
+        // No mean of these is a colour at which water begins or raising ends.
+        std::generate_n(std::back_inserter(model.heights), n * n, [&] { return int(random() % 20) - 5.95; });
+        model.recolour();
+        MeshNode mesh;
+        mesh.setSize(dimension, density);
+        mesh.build([next = model.heights.begin()]() mutable { return float(*next++); });
+        CellGrid grid(&mesh);
+        grid.resize(CellGrid::cellCount);
+        grid.setSize(density, dimension);
+        grid.recolourFromHeights();
+        compare(grid, model);
+        // As high as it goes, as low as it goes, and up again.
+        for (int turn = 0; turn < 80; ++turn) {
+            const int notches = int(1 + random() % 3) * (turn < 30 || turn >= 70 ? 1 : -1);
+            for (MapCell &cell : grid.cells) {
+                cell.selected = random() % 4 != 0;
+                if (cell.selected) {
+                    model.turnWheel(cell.index, notches);
+                }
+            }
+            grid.changeSelectedHeight(float(notches));
+            compare(grid, model);
         }
     }
 
-    /// Five points of a cell count, with their weights; beyond the last row that row stands in.
-    void coloursSampleFivePoints() {
-        struct Sample {
-            int cell;
-            int row;
-            int column;
-            float weight;
-        };
-        for (const Sample &sample : std::vector<Sample>{{21, 12, 12, 0.1F},
-                                                        {21, 12, 23, 0.1F},
-                                                        {21, 24, 12, 0.1F},
-                                                        {21, 24, 23, 0.1F},
-                                                        {21, 18, 18, 0.6F},
-                                                        {21, 12, 24, 0},
-                                                        {21, 23, 12, 0},
-                                                        {21, 17, 18, 0},
-                                                        {399, 239, 228, 0.1F},
-                                                        {399, 239, 239, 0.1F},
-                                                        {380, 239, 0, 0.1F}}) {
-            Bound bound(60, 4, [&](int row, int column) {
-                return row == sample.row && column == sample.column ? 10.0F : 0.0F;
-            });
-            bound.grid.recolourFromHeights();
-            QVERIFY(std::fabs(bound.cell(sample.cell).color[0] - (0.95F - 0.5F * sample.weight)) < 1e-5F);
+private:
+    static void compare(const CellGrid &grid, const Model &model) {
+        for (const MapCell &cell : grid.cells) {
+            const auto &[red, water] = model.cells[std::size_t(cell.index)];
+            QCOMPARE(cell.water, water);
+            QVERIFY(std::fabs(double(cell.color[0]) - (water ? 0.05 : red)) < 1e-4);
+            QVERIFY(std::fabs(double(cell.color[1]) - (water ? 0.05 : red / 2)) < 1e-4);
+            QVERIFY(std::fabs(double(cell.color[2]) - (water ? 0.75 : red / 2)) < 1e-4);
+        }
+        for (std::size_t i = 0; i < model.heights.size(); ++i) {
+            QVERIFY(std::fabs(double(grid.terrain->vertices[i].position.y) - model.heights[i]) < 1e-3);
         }
     }
 };

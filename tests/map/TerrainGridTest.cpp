@@ -112,8 +112,8 @@ private slots:
                                              {">1 <!-- 9 -->x<![CDATA[ 3]]><a> 4</a> 5", {1, 0, 3, 4}},
                                              {" randomGeography='1'>1 2 3 4", {0, 0, 0, 0}}}) {
             LevelDocument level;
-            QVERIFY(readLevel(level, levelOf(QByteArray("<MeshNode density='1' dimension='2'") + start +
-                                             "</MeshNode>")));
+            QVERIFY(readLevel(
+                level, levelOf(QByteArray("<MeshNode density='1' dimension='2'") + start + "</MeshNode>")));
             for (std::size_t i = 0; i < 4; ++i) {
                 QCOMPARE(level.mesh->vertices[i].position.y, heights[i]);
             }

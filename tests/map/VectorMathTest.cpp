@@ -27,7 +27,8 @@ double surface(double x, double y) {
     return d < edge ? std::sqrt(0.64 - d * d) : edge * edge / d;
 }
 
-/// The angle that a drag between two pixels of a view turns by. Nothing where the sign is for rounding to say.
+/// The angle that a drag between two pixels of a view turns by. Nothing where the sign is for rounding to
+/// say.
 std::optional<double> expectedTurn(QSize view, QPoint from, QPoint to) {
     if (view.isEmpty() || from == to) {
         return 0;

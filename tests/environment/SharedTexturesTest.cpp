@@ -119,8 +119,6 @@ private slots:
         QVERIFY(glIsTexture(ground) && glIsTexture(sky));
         others.clear();
         QVERIFY(!glIsTexture(ground) && !glIsTexture(sky));
-        terrain = std::make_unique<MeshNode>();
-        node = std::make_unique<BackgroundNode>();
     }
 
     void onlyFilesOfAReasonableSizeAreRead() {

@@ -177,32 +177,24 @@ private slots:
         QCOMPARE(filter, GL_LINEAR_MIPMAP_LINEAR);
     }
 
-    void missingFaceLeavesThePlainTint() {
-        writeSky(directory);
-        node->initGL();
-        QVERIFY(QFile::remove(directory + "/mount_posx.png"));
-        node->initGL();
+    void aFaceThatIsMissingOrNotSquareLeavesThePlainTint() {
         const QColor tint(165, 114, 76);
-        for (const QVector3D &to :
-             {QVector3D{1, 0, 0}, QVector3D{-1, 0, 0}, QVector3D{0, 0, 1}, QVector3D{0, 0, -1}}) {
-            lookToward(to, {0, 1, 0});
-            // Of the walls, the one that was read before the missing one keeps its picture.
-            const bool plain = cubeMapsAvailable() || to.x() <= 0;
-            QCOMPARE(closeTo(drawn().pixelColor(95, 80), tint), plain);
-        }
-        writeSky(directory);
-        node->initGL();
-        QVERIFY(!closeTo(drawn().pixelColor(95, 80), tint));
-    }
-
-    void aFaceThatIsNotSquareIsNoFaceOfACube() {
-        writeSky(directory);
         const QString face = directory + "/mount_posx.png";
-        QVERIFY(QImage(face).scaled(8, 4).save(face));
-        if (cubeMapsAvailable()) {
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not square.*mount_posx"));
+        for (const bool missing : {true, false}) {
+            writeSky(directory);
+            node->initGL();
+            lookToward({-1, 0, 0}, {0, 1, 0});
+            QVERIFY(!closeTo(drawn().pixelColor(95, 80), tint));
+            QVERIFY(missing ? QFile::remove(face) : QImage(face).scaled(8, 4).save(face));
+            node->initGL();
+            for (const QVector3D &to :
+                 {QVector3D(1, 0, 0), QVector3D(-1, 0, 0), QVector3D(0, 0, 1), QVector3D(0, 0, -1)}) {
+                lookToward(to, {0, 1, 0});
+                // Walls need not be square, and one that was read before the missing one keeps its picture.
+                const bool plain = cubeMapsAvailable() || (missing && to.x() <= 0);
+                QCOMPARE(closeTo(drawn().pixelColor(95, 80), tint), plain);
+            }
         }
-        node->initGL();
     }
 
 private:

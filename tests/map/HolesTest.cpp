@@ -36,32 +36,21 @@ private slots:
 
     void cleanup() { view.reset(); }
 
-    void theSkyIsAllAround_data() {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("small") << QSize(80, 60);
-        QTest::newRow("high") << QSize(160, 400);
-        QTest::newRow("wide") << QSize(480, 150);
-    }
-
     void theSkyIsAllAround() {
-        QFETCH(QSize, size);
         raiseAndLowerTheEdge();
-        view->resize(size);
-        QTRY_COMPARE(view->viewWidth, size.width());
         view->changePreview();
-        for (const float eye : {1.F, 13.F, 40.F}) {
-            for (const float zoom : {1e-6F, 0.3F, 1.6F}) {
-                for (const float turn : {0.F, 75.F, 140.F, 260.F}) {
-                    const QImage picture = look(eye, zoom, turn);
-                    for (int y = 0; y < picture.height(); ++y) {
-                        const auto *line = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
-                        QVERIFY2(std::none_of(line, line + picture.width(),
-                                              [](QRgb pixel) { return (pixel & 0xffffff) == 0; }),
-                                 qPrintable(QString("eye %1, zoom %2, turn %3, row %4")
-                                                .arg(double(eye))
-                                                .arg(double(zoom))
-                                                .arg(double(turn))
-                                                .arg(y)));
+        for (const QSize size : {QSize(80, 60), QSize(160, 400), QSize(480, 150)}) {
+            view->resize(size);
+            QTRY_COMPARE(view->viewWidth, size.width());
+            for (const float eye : {1.F, 13.F, 40.F}) {
+                for (const float zoom : {1e-6F, 0.3F, 1.6F}) {
+                    for (const float turn : {0.F, 75.F, 140.F, 260.F}) {
+                        const QImage picture = look(eye, zoom, turn);
+                        const auto *pixels = reinterpret_cast<const QRgb *>(picture.constBits());
+                        const auto *end = pixels + picture.width() * picture.height();
+                        QVERIFY2(std::find(pixels, end, 0xff000000) == end,
+                                 qPrintable(QString::asprintf("eye %g, zoom %g, turn %g", double(eye),
+                                                              double(zoom), double(turn))));
                     }
                 }
             }

@@ -146,10 +146,9 @@ private slots:
         for (int i = 0; i < 6; ++i) {
             driver->wheel(120);
         }
-        const float peak = driver->height(79, 79);
         const float red = driver->cell(9, 9).color[0];
         view->erodeTerrain();
-        QVERIFY(driver->height(80, 80) > peak * 0.9F && driver->height(72, 72) < peak * 0.9F);
+        QVERIFY(driver->height(80, 80) > 3.6F && driver->height(72, 72) < 3.6F);
         // Level colours step by 2/3 unit, height colours by one: eroding shows heights.
         QVERIFY(driver->cell(9, 9).color[0] > red);
         QVERIFY(view->document->mesh->vertices[73 * 160 + 72].normal.x != 0.0F);

@@ -16,6 +16,16 @@ bool isGreen(const QColor &color) {
     return color.green() > 120 && color.red() == 0 && color.blue() == 0;
 }
 
+/// What nobody draws.
+bool isBlack(QRgb pixel) {
+    return (pixel & 0xffffff) == 0;
+}
+
+/// Neither sky nor the grey outline, which stands above the ground.
+bool isGround(QRgb pixel) {
+    return qGreen(pixel) > qBlue(pixel);
+}
+
 } // namespace
 
 /// The preview in pixels. Run a second time where the driver has no cube maps.
@@ -230,6 +240,42 @@ private slots:
         QVERIFY(isGreen(probe->at(30, 0, -10)) && isSky(probe->at(highUp)));
     }
 
+    void theSkyIsAllAround() {
+        level().water = true;
+        raiseAndLowerTheEdge();
+        for (const QSize size : {QSize(80, 60), QSize(160, 400), QSize(480, 150)}) {
+            view->resize(size);
+            QTRY_COMPARE(view->viewWidth, size.width());
+            for (const float eye : {1.F, 13.F, 40.F}) {
+                for (const float zoom : {1e-6F, 0.3F, 1.6F}) {
+                    for (const float turn : {0.F, 75.F, 140.F, 260.F}) {
+                        const QImage picture = look(eye, zoom, turn);
+                        const auto *pixels = reinterpret_cast<const QRgb *>(picture.constBits());
+                        const auto *end = pixels + picture.width() * picture.height();
+                        QVERIFY2(std::none_of(pixels, end, isBlack),
+                                 qPrintable(QString::asprintf("eye %g, zoom %g, turn %g", double(eye),
+                                                              double(zoom), double(turn))));
+                    }
+                }
+            }
+        }
+    }
+
+    void theEdgeIsClosedAndFollowsTheHeights() {
+        view->resize(400, 250);
+        QTRY_COMPARE(view->viewWidth, 400);
+        QVERIFY(!openAnywhere());
+        raiseAndLowerTheEdge();
+        QVERIFY(!openAnywhere());
+        // Seen from outside, the raised edge hides what it hid not before.
+        rotation(view->viewRotation, 45, {0, 1, 0});
+        view->eyeHeight = 2;
+        const QImage raised = driver->picture();
+        view->erodeTerrain();
+        QVERIFY(driver->picture() != raised);
+        QVERIFY(!openAnywhere());
+    }
+
 private:
     static constexpr QPoint highUp{250, 5};
 
@@ -245,6 +291,45 @@ private:
     void lookAfterSetUp() {
         view->setDirty(true);
         probe->look();
+    }
+
+    /// Takes the left column of cells up and the right one down, by the wheel.
+    void raiseAndLowerTheEdge() {
+        view->changePreview();
+        driver->drag(driver->cellAt(19, 2), driver->cellAt(19, 17));
+        driver->wheel(600);
+        driver->drag(driver->cellAt(0, 2), driver->cellAt(0, 19));
+        driver->wheel(-600);
+        view->changePreview();
+        view->setDirty(true);
+    }
+
+    QImage look(float eye, float zoom, float turn) {
+        view->eyeHeight = eye;
+        view->zoom = zoom;
+        rotation(view->viewRotation, turn, {0, 1, 0});
+        return driver->picture();
+    }
+
+    /// Whether, in a full turn, sky shows with ground right above and below it. (From farther away the far
+    /// plane cuts through the map.)
+    bool openAnywhere() {
+        for (std::size_t i = 0; i < 96; ++i) {
+            const float zoom = std::array{0.4F, 0.75F, 1.0F, 1.2F}.at(i % 4);
+            const QImage picture = look(std::array{6.F, 20.F, 40.F}.at(i / 4 % 3), zoom, 3.75F * float(i));
+            for (int y = 1; y + 1 < picture.height(); ++y) {
+                const auto row = [&](int at) {
+                    return reinterpret_cast<const QRgb *>(picture.constScanLine(at));
+                };
+                for (int x = 0; x < picture.width(); ++x) {
+                    if (row(y)[x] == skyColor.rgb() && isGround(row(y - 1)[x]) && isGround(row(y + 1)[x])) {
+                        qWarning() << "open at" << x << y << "turn" << i;
+                        return true;
+                    }
+                }
+            }
+        }
+        return false;
     }
 
     std::unique_ptr<QTemporaryDir> scratch;

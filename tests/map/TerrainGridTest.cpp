@@ -1,3 +1,4 @@
+#include "map/Erosion.h"
 #include "map/MeshNode.h"
 #include "scene/LevelFile.h"
 #include "support/druvelkTest.h"
@@ -37,6 +38,37 @@ std::vector<Normal> expectedNormals(const std::vector<double> &heights, std::siz
         sums[i] = sums[n * n - 1 - i] = {0, 1, 0};
     }
     return sums;
+}
+
+/// The rule of erosion as it is told.
+void erodePointByPoint(std::vector<float> &h, int n, int passes) {
+    const auto at = [&h](int i) -> float & { return h[static_cast<std::size_t>(i)]; };
+    const auto visit = [&](int i) {
+        if (i % n == 0 || (i + 1) % n == 0) {
+            at(i) = 0;
+            return;
+        }
+        double sum = 0;
+        for (const int d : {-1, 1, -n - 1, -n, -n + 1, n - 1, n, n + 1}) {
+            sum += at(i + d);
+        }
+        at(i) = static_cast<float>(0.125 * sum);
+    };
+    for (int pass = 0; pass < passes; ++pass) {
+        if (pass % 2 == 0) {
+            for (int i = n; i <= n * (n - 1) - 1; ++i) {
+                visit(i);
+            }
+        } else {
+            for (int i = n * (n - 1); i >= n + 1; --i) {
+                visit(i);
+            }
+        }
+    }
+    for (int i = 0; i < n; ++i) {
+        at(i) = 0;
+        at(n * (n - 1) + i) = 0;
+    }
 }
 
 } // namespace
@@ -94,29 +126,46 @@ private slots:
         }
     }
 
-    void readsItsAttributes() {
-        for (const auto &[attributes, written] :
-             {std::pair("", R"(randomGeography="0" texture=" " density="0" dimension="0"  color="1 1 1")"),
-              {"density=' 2 ' dimension='+40' randomGeography='01' texture='' color=' .5  +1e-1\t2 7'",
-               R"(randomGeography="1" texture="" density="2" dimension="40"  color="0.5 0.1 2")"},
-              {"density='-2' dimension='99999999999' randomGeography='2' color='x 0'",
-               R"(randomGeography="0" texture=" " density="-2" dimension="0"  color="1 0 1")"}}) {
-            LevelDocument level;
-            QVERIFY(readLevel(level, levelOf(terrain(attributes, "5 6 7"))));
-            QCOMPARE(levelBytes(level), levelOf(QByteArray("<MeshNode ") + written + ">\n</MeshNode>\n"));
+    void erosionKeepsToItsRule() {
+        std::mt19937 random = seededRandom();
+        std::uniform_real_distribution<float> height(-10, 40);
+        constexpr float largest = std::numeric_limits<float>::max() / 40;
+        for (const int n : {1, 2, 3, 4, 5, 20, 49, 120}) {
+            for (int passes = 0; passes < 6; ++passes) {
+                const float scale = passes == 5 || n == 49 ? largest : 1;
+                std::vector<float> expected(std::size_t(n) * std::size_t(n));
+                std::generate(expected.begin(), expected.end(), [&] { return scale * height(random); });
+                MeshNode mesh;
+                mesh.setSize(n, 1);
+                mesh.build([next = expected.begin()]() mutable { return *next++; });
+                erodePointByPoint(expected, n, passes);
+                erode(mesh, passes);
+                for (std::size_t i = 0; i < expected.size(); ++i) {
+                    const float eroded = mesh.vertices[i].position.y;
+                    QVERIFY2(std::fabs(eroded / scale - expected[i] / scale) <= 1e-4F,
+                             qPrintable(QStringLiteral("%1 %2 %3").arg(n).arg(passes).arg(i)));
+                }
+            }
         }
     }
 
-    void readsHeightsInGridOrder() {
-        for (const auto &[start, heights] : {std::pair(">\n\n1\r\n2", std::array{1.F, 2.F, 0.F, 0.F}),
-                                             {">1 <!-- 9 -->x<![CDATA[ 3]]><a> 4</a> 5", {1, 0, 3, 4}},
-                                             {" randomGeography='1'>1 2 3 4", {0, 0, 0, 0}}}) {
+    void readsWhatIsThereAndNoMore() {
+        const QByteArray four = "density=\"1\" dimension=\"2\" ";
+        for (const auto &[attributes, text, written] : std::vector<std::array<QByteArray, 3>>{
+                 {"", "5 6",
+                  R"(randomGeography="0" texture=" " density="0" dimension="0"  color="1 1 1">)"
+                  "\n"},
+                 {"density=' 1 ' dimension='+2' randomGeography='01' texture='' color=' .5  +1e-1\t2 7'",
+                  "1 2 3 4", R"(randomGeography="1" texture="" )" + four + " color=\"0.5 0.1 2\">\n"},
+                 {four + "randomGeography='2' color='x 0'", "\n\n1\r\n2",
+                  R"(randomGeography="0" texture=" " )" + four + " color=\"1 0 1\">\n1 2 0 0 "},
+                 {four, "1 <!-- 9 -->x<![CDATA[ 3]]><a> 4</a> 5",
+                  R"(randomGeography="0" texture=" " )" + four + " color=\"1 1 1\">\n1 0 3 4 "}}) {
             LevelDocument level;
-            QVERIFY(readLevel(
-                level, levelOf(QByteArray("<MeshNode density='1' dimension='2'") + start + "</MeshNode>")));
-            for (std::size_t i = 0; i < 4; ++i) {
-                QCOMPARE(level.mesh->vertices[i].position.y, heights[i]);
-            }
+            QVERIFY(readLevel(level, levelOf(terrain(attributes, text))));
+            QCOMPARE(levelBytes(level), levelOf("<MeshNode " + written + "</MeshNode>\n"));
+            // Heights that the game is to make are none that the file may hold.
+            QVERIFY(!level.mesh->randomGeography || level.mesh->vertices[1].position.y == 0);
         }
     }
 

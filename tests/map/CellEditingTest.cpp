@@ -59,17 +59,15 @@ class CellEditingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void cellsFollowTheTerrainAndTheWheel_data() {
-        QTest::addColumn<int>("dimension");
-        QTest::addColumn<int>("density");
-        QTest::newRow("usual") << 40 << 2;
-        QTest::newRow("points left over at the edge") << 7 << 7;
-        QTest::newRow("a point a cell") << 20 << 1;
+    void cellsFollowTheTerrainAndTheWheel() {
+        // The second leaves points over at the edge, the third has one for each cell.
+        followWheel(40, 2);
+        followWheel(7, 7);
+        followWheel(20, 1);
     }
 
-    void cellsFollowTheTerrainAndTheWheel() {
-        QFETCH(const int, dimension);
-        QFETCH(const int, density);
+private:
+    static void followWheel(int dimension, int density) {
         std::mt19937 random = seededRandom();
         const int n = dimension * density;
         Model model{n, {}};
@@ -98,7 +96,6 @@ private slots:
         }
     }
 
-private:
     static void compare(const CellGrid &grid, const Model &model) {
         for (const MapCell &cell : grid.cells) {
             const auto &[red, water] = model.cells[std::size_t(cell.index)];

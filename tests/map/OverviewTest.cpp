@@ -46,16 +46,6 @@ private slots:
         QCOMPARE(view->cells->viewport, (std::array<GLint, 4>{0, 0, side, side}));
     }
 
-    void aViewThatWasNeverShownPaintsAndPicks() {
-        GLMapWidget hidden;
-        hidden.document->complete();
-        hidden.refreshTerrain();
-        hidden.resize(400, 400);
-        ViewDriver picker(hidden);
-        picker.drag(picker.cellAt(6, 6), picker.cellAt(6, 6));
-        QVERIFY(shows(picker.pixel(picker.cellAt(6, 6)), 0.55F, 0.975F, 0.975F));
-    }
-
     void aDragSelectsTheRectangleBetweenItsEnds() {
         driver->drag(driver->cellAt(2, 3), driver->cellAt(5, 1));
         const std::vector<int> wanted{22, 23, 24, 25, 42, 43, 44, 45, 62, 63, 64, 65};

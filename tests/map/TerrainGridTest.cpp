@@ -40,35 +40,22 @@ std::vector<Normal> expectedNormals(const std::vector<double> &heights, std::siz
     return sums;
 }
 
-/// The rule of erosion as it is told.
+/// The rule of erosion as it is told: to and fro over the points, each but the outer ones the mean around it.
 void erodePointByPoint(std::vector<float> &h, int n, int passes) {
-    const auto at = [&h](int i) -> float & { return h[static_cast<std::size_t>(i)]; };
-    const auto visit = [&](int i) {
-        if (i % n == 0 || (i + 1) % n == 0) {
-            at(i) = 0;
-            return;
-        }
-        double sum = 0;
-        for (const int d : {-1, 1, -n - 1, -n, -n + 1, n - 1, n, n + 1}) {
-            sum += at(i + d);
-        }
-        at(i) = static_cast<float>(0.125 * sum);
-    };
     for (int pass = 0; pass < passes; ++pass) {
-        if (pass % 2 == 0) {
-            for (int i = n; i <= n * (n - 1) - 1; ++i) {
-                visit(i);
+        for (int step = 0; step < n * (n - 2); ++step) {
+            const int i = pass % 2 == 0 ? n + step : n * (n - 1) - step;
+            double sum = 0;
+            if (i % n != 0 && (i + 1) % n != 0) {
+                for (const int d : {-1, 1, -n - 1, -n, -n + 1, n - 1, n, n + 1}) {
+                    sum += h[std::size_t(i + d)];
+                }
             }
-        } else {
-            for (int i = n * (n - 1); i >= n + 1; --i) {
-                visit(i);
-            }
+            h[std::size_t(i)] = float(sum / 8);
         }
     }
-    for (int i = 0; i < n; ++i) {
-        at(i) = 0;
-        at(n * (n - 1) + i) = 0;
-    }
+    std::fill_n(h.begin(), n, 0);
+    std::fill_n(h.rbegin(), n, 0);
 }
 
 } // namespace

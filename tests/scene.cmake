@@ -2,5 +2,4 @@
 druvelk_test(scene/LevelTextTest)
 druvelk_test(scene/LevelFileTest)
 druvelk_test(scene/HostileLevelTest)
-druvelk_test(scene/PlayerNodesTest)
 druvelk_test(scene/SaveTest scene/FaultyCalls.cpp)

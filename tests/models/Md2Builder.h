@@ -1,9 +1,8 @@
 #pragma once
 
 #include "models/Md2Format.h"
+#include "tests/support/files.h"
 
-#include <QByteArray>
-#include <QFile>
 #include <bit>
 #include <initializer_list>
 #include <vector>
@@ -102,8 +101,3 @@ struct Md2Builder {
         return file + skins + texCoords + triangles + frames + words;
     }
 };
-
-inline bool writeFile(const QString &path, const QByteArray &bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}

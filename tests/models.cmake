@@ -3,11 +3,6 @@ druvelk_test(models/Md2LoadTest)
 druvelk_test(models/Md2DrawTest)
 target_link_libraries(Md2DrawTest PRIVATE OpenGL::GL)
 druvelk_test(models/PlayerDialogTest)
-druvelk_test(models/PlayerPreviewTest)
-target_link_libraries(PlayerPreviewTest PRIVATE OpenGL::GL)
-
+target_link_libraries(PlayerDialogTest PRIVATE OpenGL::GL)
 # Once more where a pixel of the toolkit is not one of the screen.
-file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/scratch/PlayerPreviewTest-scaled)
-add_test(NAME PlayerPreviewTest-scaled COMMAND PlayerPreviewTest
-  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/scratch/PlayerPreviewTest-scaled)
-set_tests_properties(PlayerPreviewTest-scaled PROPERTIES TIMEOUT 300 ENVIRONMENT QT_SCALE_FACTOR=1.5)
+druvelk_test_again(PlayerDialogTest At1.5 QT_SCALE_FACTOR=1.5)

@@ -1,42 +1,61 @@
 #include "models/PlayerDialog.h"
 
 #include "models/CIGLPlayerWidget.h"
-#include "models/CharacterCatalogue.h"
+#include "models/Md2Model.h"
+#include "models/StandInTree.h"
 #include "scene/CharacterNode.h"
 #include "support/druvelkTest.h"
 
+#include <GL/gl.h>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTemporaryDir>
 #include <QTranslator>
 
 namespace {
 
-/// Picks an item as a user does, with the keyboard.
-void pick(QComboBox &box, const QString &item) {
-    const int steps = box.findText(item) - box.currentIndex();
-    for (int i = 0; i < std::abs(steps); ++i) {
-        QTest::keyClick(&box, steps > 0 ? Qt::Key_Down : Qt::Key_Up);
+constexpr QRgb blue = 0xff2040ff;
+constexpr QRgb green = 0xff20ff40;
+constexpr QRgb red = 0xffff2020;
+constexpr QRgb pink = 0xffff80c0;
+
+/// How much of a picture shows one colour, and where.
+struct Patch {
+    double share = 0;
+    double x = 0; ///< Mean place, from 0 to 1.
+    double y = 0;
+};
+
+Patch patchOf(const QImage &picture, QRgb colour) {
+    Patch patch;
+    double count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) == colour) {
+                ++count;
+                patch.x += x;
+                patch.y += y;
+            }
+        }
     }
-    QCOMPARE(box.currentText(), item);
+    patch.share = count / (double(picture.width()) * picture.height());
+    patch.x /= std::max(count, 1.0) * picture.width();
+    patch.y /= std::max(count, 1.0) * picture.height();
+    return patch;
 }
 
-QStringList paths(const PlayerDialog &dialog) {
-    const CIGLPlayerWidget &preview = *dialog.PreviewPlayerWidget;
-    QStringList result;
-    for (const std::string &path :
-         {preview.modelPath, preview.modelSkinPath, preview.weaponPath, preview.weaponSkinPath}) {
-        result += QString::fromStdString(path);
+/// The dialog once it is on the screen.
+struct ShownDialog : PlayerDialog {
+    ShownDialog() {
+        show();
+        [this] { QVERIFY(QTest::qWaitForWindowExposed(this)); }();
     }
-    return result;
-}
-
-QStringList pathsOf(const CharacterFiles &files) {
-    return {files.model, files.modelSkin, files.weapon, files.weaponSkin};
-}
+    QImage picture() { return PreviewPlayerWidget->grabFramebuffer(); }
+    bool shows(QRgb colour) { return patchOf(picture(), colour).share > 0.002; }
+};
 
 /// Doubles every text it is asked for.
 class EchoTranslator : public QTranslator {
@@ -54,91 +73,131 @@ class PlayerDialogTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void showsTheCharacterUprightWithItsWeapon();
     void showsWhatIsPicked();
+    void movesOnlyWhileVisible();
+    void anyShapeKeepsTheFieldOfView();
     void copiesTheChoices();
-    void neverShootSwitchesTheWait();
-    void okAcceptsAndCancelRejects();
     void keepsTheChoicesInAnotherLanguage();
+
+private:
+    QTemporaryDir directory;
 };
 
+void PlayerDialogTest::initTestCase() {
+    QVERIFY(QDir::setCurrent(directory.path()));
+    StandInTree tree(directory.path());
+    QVERIFY(tree.addCharacter("Terminator") && tree.addSkin("Terminator", "Blue", blue) &&
+            tree.addSkin("Terminator", "Red", red) && tree.addWeapon("Terminator", "Standard") &&
+            tree.addWeapon("Terminator", "Small gun", pink));
+    QVERIFY(tree.addCharacter("Hayden", false) && tree.addSkin("Hayden", "Red", green));
+}
+
+// With the paths of the first picture, whose lower-case letters the data tree does not have.
+void PlayerDialogTest::showsTheCharacterUprightWithItsWeapon() {
+    ShownDialog dialog;
+    const QImage picture = dialog.picture();
+    const QSizeF size = QSizeF(dialog.PreviewPlayerWidget->size()) * dialog.devicePixelRatioF();
+    QCOMPARE(picture.size(), QSize(qRound(size.width()), qRound(size.height())));
+    const Patch head = patchOf(picture, blue);
+    const Patch feet = patchOf(picture, StandInTree::feet);
+    const Patch weapon = patchOf(picture, StandInTree::weapon);
+    QVERIFY2(head.share > 0.02 && feet.share > 0.02 && weapon.share > 0.002, "all three are seen");
+    QVERIFY2(head.y + 0.1 < feet.y, "the head is above the feet");
+    QVERIFY2(std::abs(weapon.x - head.x) > 0.05 && weapon.y > 0.2 && weapon.y < 0.8, "beside the body");
+    QVERIFY2(head.share + feet.share < 0.6, "there is room around the body");
+    for (const QPoint corner : {QPoint(0, 0), QPoint(picture.width() - 1, picture.height() - 1)}) {
+        // The clear colour is (0.4, 0.3, 0.1), however the driver rounds it.
+        const QRgb pixel = picture.pixel(corner);
+        QVERIFY(qAlpha(pixel) == 255 && qRed(pixel) == 102 && std::abs(qGreen(pixel) - 76.5) < 1 &&
+                std::abs(qBlue(pixel) - 25.5) < 1);
+    }
+}
+
 void PlayerDialogTest::showsWhatIsPicked() {
-    PlayerDialog dialog;
-    QCOMPARE(paths(dialog),
-             (QStringList{"./data/terminator/tris.md2", "./data/terminator/Blue.png",
-                          "./data/terminator/standard.md2", "./data/terminator/standard.png"}));
-    dialog.PreviewPlayerWidget->reloadPending = false;
-    pick(*dialog.TeamBox, "Green");
-    QVERIFY(dialog.PreviewPlayerWidget->reloadPending);
-    QCOMPARE(paths(dialog),
-             (QStringList{"./data/terminator/tris.md2", "./data/Terminator/Green.png",
-                          "./data/terminator/standard.md2", "./data/terminator/standard.png"}));
-    dialog.PreviewPlayerWidget->reloadPending = false;
-    pick(*dialog.WeaponBox, "Small gun");
-    QVERIFY(dialog.PreviewPlayerWidget->reloadPending);
-    QCOMPARE(paths(dialog),
-             (QStringList{"./data/terminator/tris.md2", "./data/Terminator/Green.png",
-                          "./data/Terminator/Small gun.md2", "./data/Terminator/Small gun.png"}));
-    dialog.PreviewPlayerWidget->reloadPending = false;
-    pick(*dialog.ModelBox, "Rat");
-    QVERIFY(dialog.PreviewPlayerWidget->reloadPending);
-    QCOMPARE(paths(dialog), (QStringList{"./data/Rat/tris.md2", "./data/Rat/Green.png",
-                                         "./data/Rat/Small gun.md2", "./data/Rat/Small gun.png"}));
-    QCOMPARE(paths(dialog), pathsOf(characterFiles("Rat", "Green", "Small gun")));
+    for (int opened = 0; opened < 2; ++opened) {
+        ShownDialog dialog;
+        QVERIFY(dialog.shows(blue) && dialog.shows(StandInTree::weapon));
+        QTest::keyClicks(dialog.TeamBox, "Red");
+        QVERIFY(dialog.shows(red) && !dialog.shows(blue) && dialog.shows(StandInTree::weapon));
+        QTest::keyClicks(dialog.WeaponBox, "Small");
+        QVERIFY(dialog.shows(red) && dialog.shows(pink) && !dialog.shows(StandInTree::weapon));
+        QTest::keyClicks(dialog.ModelBox, "Hayden"); // It has a skin, but no model and no weapon.
+        QVERIFY(dialog.shows(green) && dialog.shows(StandInTree::feet) && !dialog.shows(red));
+        QVERIFY2(dialog.shows(0xffffffff) && !dialog.shows(pink), "the weapon has lost its skin");
+    }
+}
+
+void PlayerDialogTest::movesOnlyWhileVisible() {
+    const Md2Model &model = CIGLPlayerWidget::characterModel();
+    ShownDialog dialog;
+    QTRY_VERIFY(model.framePosition > 0.3F);
+    QVERIFY(model.startFrame == 0 && model.endFrame == 39 && model.speed == 2);
+    QCOMPARE(CIGLPlayerWidget::weaponModel().endFrame, 39);
+    const float before = model.framePosition;
+    emit dialog.TeamBox->textActivated(dialog.TeamBox->currentText());
+    QTRY_VERIFY(model.framePosition < before); // A pick starts the animation anew.
+    QTRY_VERIFY(model.framePosition > 0.1F);
+
+    const QTimer &timer = *dialog.PreviewPlayerWidget->findChild<QTimer *>();
+    dialog.hide();
+    QVERIFY(!timer.isActive());
+    dialog.show();
+    QVERIFY(timer.isActive());
+}
+
+void PlayerDialogTest::anyShapeKeepsTheFieldOfView() {
+    const auto headSize = [](QSize size) {
+        CIGLPlayerWidget preview;
+        preview.resize(size);
+        const QImage picture = preview.grabFramebuffer();
+        preview.makeCurrent();
+        std::array<float, 4> specular{};
+        glGetMaterialfv(GL_FRONT, GL_SPECULAR, specular.data());
+        [&] { QCOMPARE(specular, (std::array{0.4F, 0.4F, 0.4F, 1.0F})); }();
+        return patchOf(picture, blue).share * size.width();
+    };
+    const double square = headSize({201, 201});
+    const double wide = headSize({401, 201});
+    QVERIFY2(square > 10 && std::abs(wide / square - 1) < 0.05, qPrintable(QString::number(wide / square)));
 }
 
 void PlayerDialogTest::copiesTheChoices() {
-    PlayerDialog dialog;
+    ShownDialog dialog;
     dialog.Name->clear();
     QTest::keyClicks(dialog.Name, "Ann <3");
-    pick(*dialog.ModelBox, "Marine");
-    pick(*dialog.TeamBox, "Personal");
-    dialog.waitForBox->setValue(4);
-    CharacterNode player;
-    for (const auto &[weapon, value] :
-         {std::pair{"Small gun", 0.3F}, std::pair{"Annientatore", 0.7F}, std::pair{"Standard", 0.5F}}) {
-        pick(*dialog.WeaponBox, weapon);
-        dialog.copyTo(player);
-        QCOMPARE(player.weapon, QLatin1String(weapon));
-        QCOMPARE(player.weaponValue, value);
-    }
-    QCOMPARE(player.name, QStringLiteral("Ann <3"));
-    QCOMPARE(player.model, QStringLiteral("Marine"));
-    QCOMPARE(player.team, QStringLiteral("Personal"));
-    QVERIFY(player.modelIndex == 6 && player.teamIndex == 3 && player.waitFor == 4);
-}
-
-void PlayerDialogTest::neverShootSwitchesTheWait() {
-    PlayerDialog dialog;
-    CharacterNode player;
+    QTest::keyClicks(dialog.ModelBox, "Marine");
+    QTest::keyClicks(dialog.TeamBox, "Personal");
     dialog.waitForBox->setValue(4);
     dialog.ifWait->click();
-    QVERIFY(!dialog.waitForBox->isEnabled() && !dialog.textLabel1->isEnabled());
+    QVERIFY(!dialog.waitForBox->isEnabled());
+    CharacterNode player;
     dialog.copyTo(player);
     QCOMPARE(player.waitFor, 99);
     dialog.ifWait->click();
-    QVERIFY(dialog.waitForBox->isEnabled() && dialog.textLabel1->isEnabled());
-    dialog.copyTo(player);
-    QCOMPARE(player.waitFor, 4);
-}
-
-void PlayerDialogTest::okAcceptsAndCancelRejects() {
-    PlayerDialog dialog;
-    QTimer::singleShot(0, &dialog, [&] { QTest::keyClick(dialog.Name, Qt::Key_Return); });
-    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
-    QTimer::singleShot(0, &dialog, [&] { QTest::mouseClick(dialog.buttonCancel, Qt::LeftButton); });
-    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    for (const auto &[weapon, value] :
+         {std::pair{"Standard", 0.5F}, std::pair{"Annientatore", 0.7F}, std::pair{"Small gun", 0.3F}}) {
+        dialog.copyTo(player);
+        QCOMPARE(player.weapon, QLatin1String(weapon));
+        QCOMPARE(player.weaponValue, value);
+        QTest::keyClick(dialog.WeaponBox, Qt::Key_Up);
+    }
+    QCOMPARE(player.name + player.model + player.team, QStringLiteral("Ann <3MarinePersonal"));
+    QVERIFY(player.modelIndex == 6 && player.teamIndex == 3 && player.waitFor == 4);
+    QTest::keyClick(dialog.Name, Qt::Key_Return);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
 }
 
 void PlayerDialogTest::keepsTheChoicesInAnotherLanguage() {
     PlayerDialog dialog;
-    pick(*dialog.ModelBox, "Dire");
-    pick(*dialog.WeaponBox, "Annientatore");
+    dialog.ModelBox->setCurrentIndex(4);
     EchoTranslator translator;
     QVERIFY(QApplication::installTranslator(&translator));
     QCoreApplication::sendPostedEvents();
     QCOMPARE(dialog.buttonCancel->text(), QStringLiteral("&Cancel&Cancel"));
     QCOMPARE(dialog.ModelBox->currentText(), QStringLiteral("DireDire"));
-    QCOMPARE(dialog.WeaponBox->currentIndex(), 1);
+    QCOMPARE(dialog.WeaponBox->currentIndex(), 2);
     QCOMPARE(dialog.ModelBox->count(), 7);
     QCOMPARE(dialog.Name->text(), QStringLiteral("john doejohn doe"));
     dialog.Name->setText(QStringLiteral("Ann"));

@@ -23,9 +23,9 @@ public:
     bool addSkin(const QString &character, const QString &team, QRgb head) {
         return picture(head, feet).save(path(character, team, "png"));
     }
-    bool addWeapon(const QString &character, const QString &name) {
+    bool addWeapon(const QString &character, const QString &name, QRgb colour = weapon) {
         return writeFile(path(character, name, "md2"), board(17, 24, -4, 4)) &&
-               picture(weapon, weapon).save(path(character, name, "png"));
+               picture(colour, colour).save(path(character, name, "png"));
     }
 
 private:

@@ -4,6 +4,7 @@ function(druvelk_tree_test path)
   add_executable(${name} ${path}.cpp)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE druvelk_flags Qt6::Gui Qt6::Test)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE
     DRUVELK_DATA_TREE="${PROJECT_SOURCE_DIR}/workspace/data"
     DRUVELK_ASSETS="$<TARGET_FILE:druvelk-assets>")

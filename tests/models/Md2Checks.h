@@ -25,12 +25,14 @@ inline bool listsLieInside(const QByteArray &bytes) {
 /// Whether what was read can be drawn: walks the commands as drawing does.
 inline bool isDrawable(const Md2Content &content, std::int64_t vertexCount) {
     for (const Md2Frame &frame : content.frames) {
-        const auto isFinite = [](const Md2Vertex &vertex) {
+        const auto isSound = [](const Md2Vertex &vertex) {
             const auto &[x, y, z] = vertex.position;
-            return std::isfinite(x) && std::isfinite(y) && std::isfinite(z);
+            const Vec3 &normal = vertex.normal;
+            return std::isfinite(x) && std::isfinite(y) && std::isfinite(z) &&
+                   std::abs(std::hypot(normal.x, normal.y, normal.z) - 1) < 1e-3F;
         };
         if (std::int64_t(frame.vertices.size()) != vertexCount ||
-            !std::all_of(frame.vertices.begin(), frame.vertices.end(), isFinite)) {
+            !std::all_of(frame.vertices.begin(), frame.vertices.end(), isSound)) {
             return false;
         }
     }

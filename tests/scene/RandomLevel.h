@@ -16,9 +16,11 @@ class RandomLevel {
 public:
     explicit RandomLevel(quint32 seed) : random(seed) {
         out << "<CISG>\n<CISGGroup>\n";
-        for (const char *tag : {"BackgroundNode", "MeshNode", "CharSetNode", "CISGGroup", "CharacterNode"}) {
-            level.root.children.push_back(node(tag));
-        }
+        add<BackgroundNode>(level.root.children, "BackgroundNode");
+        add<MeshNode>(level.root.children, "MeshNode");
+        add<CharSetNode>(level.root.children, "CharSetNode");
+        add<CISGGroup>(level.root.children, "CISGGroup");
+        add<CharacterNode>(level.root.children, "CharacterNode");
         out << "</CISGGroup>\n</CISG>\n";
     }
 
@@ -63,26 +65,17 @@ private:
         return '"' + written + '"';
     }
 
-    std::unique_ptr<SceneNode> node(const QByteArray &tag) {
-        std::unique_ptr<SceneNode> made = level.createNode(tag);
-        if (tag == "BackgroundNode") {
-            fill(*level.background);
-        } else if (tag == "MeshNode") {
-            fill(*level.mesh);
-        } else if (tag == "CharSetNode") {
-            fill(*level.charSet);
-        } else if (tag == "CharacterNode") {
-            fill(dynamic_cast<CharacterNode &>(*made));
-        } else {
-            fill(dynamic_cast<CISGGroup &>(*made));
-        }
-        return made;
+    template <typename Node, typename Nodes>
+    void add(Nodes &nodes, const char *tag) {
+        nodes.push_back(level.createNode(tag));
+        fill(dynamic_cast<Node &>(*nodes.back()));
     }
 
     void fill(CISGGroup &group) {
         out << "<CISGGroup>\n";
-        while (oneIn(2)) {
-            group.children.push_back(node(oneIn(2) ? "CISGGroup" : "MeshNode"));
+        while (oneIn(3)) {
+            add<CISGGroup>(group.children, "CISGGroup");
+            add<MeshNode>(group.children, "MeshNode");
         }
         out << "</CISGGroup>\n";
     }
@@ -132,7 +125,8 @@ private:
             savedPlayers += fill(*set.characters.back()) ? 1 : 0;
         }
         while (oneIn(2)) {
-            set.others.push_back(node(oneIn(2) ? "BackgroundNode" : "CISGGroup"));
+            add<CISGGroup>(set.others, "CISGGroup");
+            add<BackgroundNode>(set.others, "BackgroundNode");
         }
         out << "</CharSetNode>\n";
     }

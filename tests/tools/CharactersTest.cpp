@@ -20,15 +20,13 @@ class CharactersTest : public QObject {
 private slots:
     void filesHoldWholeModels_data();
     void filesHoldWholeModels();
-    void figuresIdleOnTheFloor_data() { charactersByName(); }
-    void figuresIdleOnTheFloor();
-    void handsHoldTheWeapons_data() { charactersByName(); }
-    void handsHoldTheWeapons();
-    void teamsAreToldApart_data() { charactersByName(); }
-    void teamsAreToldApart();
+    void figuresLookAsTheyShould_data();
+    void figuresLookAsTheyShould();
 
 private:
-    static void charactersByName();
+    static void idlesOnTheFloor(const Md2Model &model);
+    static void handsHoldTheWeapons(const Md2Model &figure, const QString &character);
+    static void teamsAreToldApart(const Md2Model &figure, const QString &character);
 };
 
 namespace {
@@ -125,10 +123,19 @@ int apart(QRgb a, QRgb b) {
 
 } // namespace
 
-void CharactersTest::charactersByName() {
+void CharactersTest::figuresLookAsTheyShould_data() {
     QTest::addColumn<QString>("character");
     for (const char *character : characterNames)
         QTest::newRow(character) << QString::fromLatin1(character);
+}
+
+void CharactersTest::figuresLookAsTheyShould() {
+    QFETCH(QString, character);
+    Md2Model figure;
+    QVERIFY(load(figure, treeFile(character, QStringLiteral("tris.md2"))));
+    idlesOnTheFloor(figure);
+    handsHoldTheWeapons(figure, character);
+    teamsAreToldApart(figure, character);
 }
 
 void CharactersTest::filesHoldWholeModels_data() {
@@ -176,10 +183,7 @@ void CharactersTest::filesHoldWholeModels() {
                             .arg(whole.worst)));
 }
 
-void CharactersTest::figuresIdleOnTheFloor() {
-    QFETCH(QString, character);
-    Md2Model model;
-    QVERIFY(load(model, treeFile(character, QStringLiteral("tris.md2"))));
+void CharactersTest::idlesOnTheFloor(const Md2Model &model) {
     const auto low = [&](std::size_t frame) {
         float least = 1000;
         for (const Md2Vertex &vertex : model.frames[frame].vertices)
@@ -208,10 +212,7 @@ void CharactersTest::figuresIdleOnTheFloor() {
     QVERIFY2(excursion >= 3.0F, qPrintable(QString::number(excursion)));
 }
 
-void CharactersTest::handsHoldTheWeapons() {
-    QFETCH(QString, character);
-    Md2Model figure;
-    QVERIFY(load(figure, treeFile(character, QStringLiteral("tris.md2"))));
+void CharactersTest::handsHoldTheWeapons(const Md2Model &figure, const QString &character) {
     for (const char *name : weaponNames) {
         Md2Model weapon;
         QVERIFY(load(weapon, treeFile(character, QString::fromLatin1(name) + QStringLiteral(".md2"))));
@@ -230,10 +231,7 @@ void CharactersTest::handsHoldTheWeapons() {
     }
 }
 
-void CharactersTest::teamsAreToldApart() {
-    QFETCH(QString, character);
-    Md2Model figure;
-    QVERIFY(load(figure, treeFile(character, QStringLiteral("tris.md2"))));
+void CharactersTest::teamsAreToldApart(const Md2Model &figure, const QString &character) {
     std::array<QImage, teamNames.size()> skins;
     for (std::size_t team = 0; team < skins.size(); ++team) {
         skins[team].load(treeFile(character, QString::fromLatin1(teamNames[team]) + QStringLiteral(".png")));

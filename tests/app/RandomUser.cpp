@@ -1,7 +1,6 @@
 #include "RandomUser.h"
 
 #include "map/GLMapWidget.h"
-#include "map/MeshNode.h"
 #include "tests/models/StandInTree.h"
 #include "tests/support/PreviewProbe.h"
 
@@ -9,13 +8,11 @@
 #include <QMenuBar>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
-#include <cmath>
-#include <set>
 
 namespace {
 
 /// Pixels are what an action costs.
-constexpr int smallSide = 300;
+constexpr int smallSide = 120;
 
 QByteArray complaint; ///< What the toolkit or OpenGL said during the action.
 
@@ -31,10 +28,16 @@ void hearMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
 RandomUser::RandomUser(quint32 chosenSeed)
     : editor([](LevelDocument &level) {
           PreviewProbe::usePictures(level);
-          enlist(level, 0, 0, 17);
-          enlist(level, 1, 1, 18);
+          level.mesh->build([i = 0]() mutable { return float(i++ % 7) - 0.1F; });
+          for (std::size_t i = 0; i < 18; ++i) {
+              level.charSet->characters.resize(std::max(i + 1, CharSetNode::slotCount));
+              if (i >= CharSetNode::slotCount) {
+                  level.charSet->characters[i] = std::make_unique<CharacterNode>();
+              }
+              enlist(level, i, int(i % 5), int(20 * i));
+          }
       }),
-      seed(chosenSeed) {
+      steps(editor), seed(chosenSeed) {
     qInstallMessageHandler(hearMessage);
     // What else the controls offer is missing, as in a damaged data tree.
     PreviewProbe::makePictures(Qt::green, Qt::white, Qt::blue);
@@ -46,6 +49,7 @@ RandomUser::RandomUser(quint32 chosenSeed)
         enlist(level, 3, 2, -1);
         enlist(level, 4, 3, -1);
     });
+    editor.window->mapView->setMinimumSize(smallSide, smallSide);
     editor.window->resize(smallSide, smallSide);
     QObject::connect(&dialogs, &QTimer::timeout, &dialogs, [this] { answerDialogs(); });
 }
@@ -67,7 +71,7 @@ QByteArray RandomUser::act(int number) {
         complaint = "OpenGL error " + QByteArray::number(error);
     }
     editor.window->mapView->doneCurrent();
-    for (const QByteArray &fault : {complaint, faultOfLevel(), faultOfCounts(), faultOfControls()}) {
+    for (const QByteArray &fault : {complaint, faultOf(editor), steps.fault()}) {
         if (!fault.isEmpty()) {
             return fault;
         }
@@ -161,12 +165,15 @@ void RandomUser::use(QWidget &control) {
 }
 
 void RandomUser::useCommand() {
+    if (oneIn(4)) {
+        action = "undo and redo everything";
+        steps.walkAllTheWay();
+        return;
+    }
     if (oneIn(2)) {
         action = "undo and redo";
-        editor.activate();
         for (int i = upTo(4); i >= 0; --i) {
-            QTest::keyClick(editor.window.get(), Qt::Key_Z,
-                            oneIn(2) ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+            steps.walk(oneIn(2));
         }
         return;
     }
@@ -204,7 +211,12 @@ void RandomUser::pressKeys() {
 
 void RandomUser::resize() {
     action = "resize";
+    const QByteArray view = viewOf(editor);
     editor.window->resize(smallSide + upTo(oneIn(4) ? 700 : 100), smallSide + upTo(oneIn(4) ? 600 : 100));
+    QCoreApplication::processEvents();
+    if (viewOf(editor) != view) {
+        complaint = "the window's size changes selection or camera";
+    }
 }
 
 /// Damages some bytes of a level that may then be opened.
@@ -310,90 +322,4 @@ void RandomUser::closePopups() {
         }
     }
     complaint = "a list does not close";
-}
-
-QByteArray RandomUser::faultOfLevel() const {
-    const LevelDocument &level = editor.level();
-    if (level.background == nullptr || level.mesh == nullptr || level.charSet == nullptr) {
-        return "a node is missing";
-    }
-    const MeshNode &mesh = *level.mesh;
-    const auto side = static_cast<std::size_t>(mesh.pointsPerSide());
-    if (mesh.vertices.size() != side * side) {
-        return "the grid is not square";
-    }
-    if (!std::all_of(mesh.vertices.begin(), mesh.vertices.end(),
-                     [](const TerrainVertex &vertex) { return std::isfinite(vertex.position.y); })) {
-        return "a height is not finite";
-    }
-    if (level.charSet->characters.size() < CharSetNode::slotCount) {
-        return "there are less than sixteen players";
-    }
-    const auto &cells = editor.window->mapView->cells->cells;
-    if (cells.size() != 400) {
-        return "there are not 400 cells";
-    }
-    for (const MapCell &cell : cells) {
-        const auto &all = level.charSet->characters;
-        if (!cell.vacant && std::none_of(all.begin(), all.end(),
-                                         [&](const auto &player) { return player.get() == cell.player; })) {
-            return "a cell holds a player of no level";
-        }
-    }
-    return {};
-}
-
-QByteArray RandomUser::faultOfCounts() const {
-    int players = 0;
-    std::set<int> teams;
-    for (std::size_t i = 0; i < CharSetNode::slotCount; ++i) {
-        const CharacterNode &player = editor.player(i);
-        if (player.active && (player.placed || editor.window->randomStart->isChecked())) {
-            ++players;
-            if (player.teamIndex >= 0 && player.teamIndex <= 3) {
-                teams.insert(player.teamIndex);
-            }
-        }
-    }
-    const bool agree = editor.window->countActivePlayers() == players &&
-                       editor.window->countActiveTeams() == int(teams.size()) &&
-                       editor.window->numPlayer->value() == players &&
-                       editor.window->numTeams->value() == int(teams.size());
-    return agree ? QByteArray() : "the counts are wrong";
-}
-
-/// Every control shows what the level holds.
-QByteArray RandomUser::faultOfControls() const {
-    const BackgroundNode &environment = editor.environment();
-    const editorMain &window = *editor.window;
-    const std::array<std::pair<const QCheckBox *, bool>, 9> boxes{
-        {{window.water, environment.water},
-         {window.Fog, environment.fog},
-         {window.waterWalking, environment.waterWalking},
-         {window.craters, environment.craters},
-         {window.bengala, environment.bengala},
-         {window.deathTouch, environment.deathTouch},
-         {window.DynamicTime, environment.dynamicTime},
-         {window.randomGeo, editor.level().mesh->randomGeography},
-         {window.activeNow, editor.player(static_cast<std::size_t>(window.CharID->currentIndex())).active}}};
-    for (const auto &[box, value] : boxes) {
-        if (box->isChecked() != value) {
-            return box->objectName().toUtf8() + " does not show the level's value";
-        }
-    }
-    for (const auto &[box, path] : {std::pair(window.TerrainTextureType, environment.groundTexture),
-                                    {window.waterTextureType, environment.waterTexture},
-                                    {window.SkyTextureType, environment.cubeTexture},
-                                    {window.birdTextureType, environment.birdTexture}}) {
-        const QString name = path.section(u'/', 3, 3).section(u'.', 0, 0);
-        if (box->currentIndex() != box->findData(name)) {
-            return box->objectName().toUtf8() + " does not show the level's picture";
-        }
-    }
-    const bool restShows = window.sunSpeed->isEnabled() == environment.dynamicTime &&
-                           window.birdTextureGroup->isEnabled() == (environment.birdsNumber != 0) &&
-                           window.sunSpeed->value() == environment.sunSpeed &&
-                           window.birdsNumber->value() == environment.birdsNumber &&
-                           window.groupBox4->isEnabled() == window.activeNow->isChecked();
-    return restShows ? QByteArray() : "a number or a group does not show the level's value";
 }

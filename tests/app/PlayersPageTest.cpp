@@ -1,4 +1,5 @@
-#include "EditorDriver.h"
+#include "EditorFaults.h"
+
 #include "models/PlayerDialog.h"
 
 #include <QToolTip>
@@ -7,12 +8,8 @@
 class PlayersPageTest : public QObject {
     Q_OBJECT
 
-    static QString text(const EditorDriver &editor, const char *label) {
-        return editor.find<QLabel>(label).text();
-    }
-
     static std::pair<int, int> shownCounts(const EditorDriver &editor) {
-        return {editor.find<QSpinBox>("numPlayer").value(), editor.find<QSpinBox>("numTeams").value()};
+        return {editor.window->numPlayer->value(), editor.window->numTeams->value()};
     }
 
 private slots:
@@ -20,34 +17,20 @@ private slots:
         const EditorDriver editor([](LevelDocument &level) {
             enlist(level, 0, 1, 5);
             enlist(level, 1, 2, 399);
-            level.charSet->characters[1]->name = QStringLiteral("<b>Zoë</b>");
+            level.charSet->characters[1]->name = QStringLiteral("Zoë the Long ").repeated(20);
             level.charSet->characters[1]->waitFor = 99;
-            level.charSet->characters[1]->weaponValue = 0.3F;
-            level.charSet->characters[1]->modelIndex = 4;
         });
-        QCOMPARE(shownCounts(editor), std::pair(2, 2));
-        QVERIFY(editor.player(0).current);
-        QCOMPARE(text(editor, "textLabelPlaced"), QStringLiteral("yes"));
-        editor.pick("CharID", QStringLiteral("2"));
-        QVERIFY(editor.player(1).current && !editor.player(0).current);
-        QCOMPARE(text(editor, "textLabelName"), QStringLiteral("<b>Zoë</b>"));
-        QCOMPARE(text(editor, "textLabelCharacter"), QStringLiteral("Dire"));
-        QCOMPARE(text(editor, "textLabelWeapon"), QStringLiteral("Small Gun"));
-        QCOMPARE(text(editor, "textLabelTeam"), QStringLiteral("Red"));
-        QCOMPARE(text(editor, "textLabelWait"), QStringLiteral("99"));
-        QVERIFY(editor.find<QGroupBox>("groupBox4").isEnabled());
-        auto &name = editor.find<QLabel>("textLabelName");
-        QVERIFY(name.toolTip().isEmpty());
-        const QString endless = QStringLiteral("Zoë the Long ").repeated(20);
-        editor.player(1).name = endless;
-        editor.window->readBackLevel();
-        QCOMPARE(name.text(), endless);
-        QCOMPARE(name.toolTip(), endless);
-        editor.pick("CharID", QStringLiteral("16"));
-        QVERIFY(!editor.find<QGroupBox>("groupBox4").isEnabled());
-        QVERIFY(!editor.find<QCheckBox>("activeNow").isChecked());
-        QVERIFY(editor.player(0).active && editor.player(1).active);
-        QCOMPARE(text(editor, "textLabelPlaced"), QStringLiteral("no"));
+        QVERIFY(editor.player(0).current && editor.window->textLabelName->toolTip().isEmpty());
+        for (const char *slot : {"1", "2", "16"}) {
+            editor.pick("CharID", QLatin1String(slot));
+            QCOMPARE(faultOf(editor), QByteArray());
+            QVERIFY(editor.player(std::size_t(atoi(slot)) - 1).current);
+            QVERIFY(editor.player(0).active && editor.player(1).active);
+            // What has no room can be read in a tool tip.
+            const QString &name = editor.player(1).name;
+            QCOMPARE(editor.window->textLabelName->toolTip(), *slot == '2' ? name : QString());
+        }
+        QVERIFY(!editor.player(0).current && !editor.player(1).current);
     }
 
     void aPlayerCountsOnceItIsActiveAndPlaced() {
@@ -58,26 +41,21 @@ private slots:
         editor.selectCell(7, 2);
         editor.click("Place");
         QCOMPARE(editor.player(0).cell, 47);
-        QVERIFY(editor.player(0).placed);
-        QCOMPARE(text(editor, "textLabelPlaced"), QStringLiteral("yes"));
         QCOMPARE(shownCounts(editor), std::pair(1, 1));
         // The cell is taken: the next player finds no place in it.
         editor.pick("CharID", QStringLiteral("2"));
         editor.click("activeNow");
         editor.click("Place");
         QCOMPARE(editor.player(1).cell, CharacterNode::notPlaced);
-        const auto middleOfDot = [&] {
-            return editor.find<QComboBox>("CharID").itemIcon(1).pixmap(16, 16).toImage().pixelColor(8, 8);
-        };
-        QCOMPARE(middleOfDot().alpha(), 0);
         QCOMPARE(QToolTip::text(), QStringLiteral("No selected cell is free"));
-        QVERIFY(!editor.find<QPushButton>("Place").isChecked());
+        QVERIFY(!editor.window->Place->isChecked());
+        QCOMPARE(faultOf(editor), QByteArray());
         editor.selectCell(8, 2);
         editor.click("Place");
         QCOMPARE(editor.player(1).cell, 48);
-        QCOMPARE(middleOfDot(), QColor(Qt::blue));
         // Both on the team Blue.
         QCOMPARE(shownCounts(editor), std::pair(2, 1));
+        QCOMPARE(faultOf(editor), QByteArray());
         ViewDriver map = editor.map();
         QVERIFY(shows(map.pixel(map.cellAt(8, 2)), 0, 0, 1));
         editor.click("activeNow");
@@ -90,29 +68,16 @@ private slots:
             enlist(level, 0, 0, 17);
             enlist(level, 1, 3, 18);
         });
-        editor.click("randomStart");
-        QVERIFY(!editor.find<QPushButton>("Place").isEnabled());
-        for (std::size_t i = 0; i < 16; ++i) {
-            QVERIFY(editor.player(i).cell == CharacterNode::randomStart && !editor.player(i).placed);
+        for (const int cell : {CharacterNode::randomStart, CharacterNode::notPlaced}) {
+            const bool isRandom = cell == CharacterNode::randomStart;
+            editor.click("randomStart");
+            QCOMPARE(editor.window->Place->isEnabled(), !isRandom);
+            for (std::size_t i = 0; i < 16; ++i) {
+                QVERIFY(editor.player(i).cell == cell && !editor.player(i).placed);
+            }
+            QCOMPARE(shownCounts(editor), isRandom ? std::pair(2, 2) : std::pair(0, 0));
+            QCOMPARE(faultOf(editor), QByteArray());
         }
-        QCOMPARE(shownCounts(editor), std::pair(2, 2));
-        QCOMPARE(text(editor, "textLabelPlaced"), QStringLiteral("no"));
-        editor.click("randomStart");
-        QVERIFY(editor.find<QPushButton>("Place").isEnabled());
-        for (std::size_t i = 0; i < 16; ++i) {
-            QCOMPARE(editor.player(i).cell, CharacterNode::notPlaced);
-        }
-        QCOMPARE(shownCounts(editor), std::pair(0, 0));
-    }
-
-    void switchingRandomStartOffLeavesPlacedPlayers() {
-        const EditorDriver editor([](LevelDocument &level) { enlist(level, 0, 0, -1); });
-        QVERIFY(editor.find<QCheckBox>("randomStart").isChecked());
-        editor.player(0).cell = 3;
-        editor.player(1).cell = 4;
-        editor.click("randomStart");
-        QCOMPARE(editor.player(0).cell, 3);
-        QCOMPARE(editor.player(1).cell, 4);
     }
 
     void editingChangesTheSelectedPlayerOnly() {
@@ -128,8 +93,7 @@ private slots:
         }));
         QCOMPARE(editor.player(1).teamIndex, 0);
         QVERIFY(EditorDriver::answer<PlayerDialog>(open, [](PlayerDialog &form) {
-            QCOMPARE(form.Name->text(), QStringLiteral("john doe"));
-            QCOMPARE(form.Name->selectedText(), form.Name->text());
+            QCOMPARE(form.Name->selectedText(), QStringLiteral("john doe"));
             QTest::keyClicks(form.Name, QStringLiteral("Ada"));
             QTest::keyClick(form.TeamBox, Qt::Key_Down);
             QTest::keyClick(form.WeaponBox, Qt::Key_Up);
@@ -141,8 +105,7 @@ private slots:
         QVERIFY(edited.teamIndex == 1 && edited.waitFor == 99 && edited.weaponValue == 0.7F);
         QVERIFY(edited.active && edited.placed && edited.cell == 18);
         QCOMPARE(editor.player(0).teamIndex, 0);
-        QCOMPARE(text(editor, "textLabelName"), QStringLiteral("Ada"));
-        QCOMPARE(shownCounts(editor), std::pair(2, 2));
+        QCOMPARE(faultOf(editor), QByteArray());
     }
 };
 

@@ -113,16 +113,6 @@ public:
         }));
     }
 
-    /// Types a number into a spin box.
-    void type(const char *name, const QString &number) const {
-        auto &box = find<QSpinBox>(name);
-        turnTo(box);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, number);
-        QTest::keyClick(&box, Qt::Key_Return);
-    }
-
     /// Clicks an action's button in the tool bar.
     void clickTool(const char *action) const {
         QWidget *const button = window->toolBar->widgetForAction(&find<QAction>(action));

@@ -9,6 +9,9 @@
 /// whole, the counts are right, and every control shows what the level holds.
 QByteArray faultOf(const EditorDriver &editor);
 
+/// Whether the level does not open again as it is saved.
+QByteArray faultOfFile(const EditorDriver &editor);
+
 /// What undo must not touch: camera, mode and selection.
 QByteArray viewOf(const EditorDriver &editor);
 

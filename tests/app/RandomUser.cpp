@@ -71,7 +71,8 @@ QByteArray RandomUser::act(int number) {
         complaint = "OpenGL error " + QByteArray::number(error);
     }
     editor.window->mapView->doneCurrent();
-    for (const QByteArray &fault : {complaint, faultOf(editor), steps.fault()}) {
+    for (const QByteArray &fault :
+         {complaint, faultOf(editor), steps.fault(), oneIn(4) ? faultOfFile(editor) : QByteArray()}) {
         if (!fault.isEmpty()) {
             return fault;
         }
@@ -130,6 +131,7 @@ void RandomUser::useMap() {
     }
 }
 
+/// Controls of all pages have the same chance.
 void RandomUser::useControl() {
     QWidgetList controls;
     for (QWidget *const widget : editor.window->findChildren<QWidget *>()) {
@@ -138,11 +140,14 @@ void RandomUser::useControl() {
                                qobject_cast<QAbstractSpinBox *>(widget) != nullptr ||
                                qobject_cast<QTabBar *>(widget) != nullptr;
         const bool exits = widget->actions().contains(editor.window->fileExitAction);
-        if (isControl && widget->isVisible() && widget->isEnabled() && !exits) {
+        const bool isShown = widget->isVisible() || editor.window->MainTab->isAncestorOf(widget);
+        if (isControl && isShown && widget->isEnabled() && !exits) {
             controls.append(widget);
         }
     }
-    use(*controls.at(upTo(int(controls.size()) - 1)));
+    QWidget &control = *controls.at(upTo(int(controls.size()) - 1));
+    editor.turnTo(control);
+    use(control);
 }
 
 void RandomUser::use(QWidget &control) {

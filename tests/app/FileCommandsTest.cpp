@@ -15,11 +15,6 @@ class FileCommandsTest : public QObject {
                                                 });
     }
 
-    static void twoTeams(LevelDocument &level) {
-        enlist(level, 0, 0, 17);
-        enlist(level, 1, 1, 18);
-    }
-
 private slots:
     void newMapsComeInTheirSizes() {
         const EditorDriver editor(twoTeams);

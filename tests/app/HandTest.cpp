@@ -14,11 +14,6 @@ namespace {
 
 constexpr float notch = 0.6666667F;
 
-void twoTeams(LevelDocument &level) {
-    enlist(level, 0, 0, 17);
-    enlist(level, 1, 1, 18);
-}
-
 /// The tool tip that resting on a place of the map shows.
 QString hintAt(const EditorDriver &editor, QPoint position) {
     GLMapWidget &view = *editor.window->mapView;

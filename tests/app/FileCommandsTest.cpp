@@ -133,11 +133,12 @@ private slots:
         // A size that has no name leaves what is shown.
         for (const auto &[dimension, density, shownDimension, shownDensity] :
              {std::tuple(50, 3, 60, 4), {40, 2, 40, 2}, {80, 4, 80, 4}}) {
-            EditorDriver::writeLevel(QStringLiteral("levels/a.xml"), [&](LevelDocument &level) {
-                level.mesh->setSize(dimension, density);
-                level.mesh->build([] { return 2.0F; });
-                enlist(level, 0, 2, 210);
-            });
+            EditorDriver::writeLevel(QStringLiteral("levels/a.xml"),
+                                     [side = dimension, points = density](LevelDocument &level) {
+                                         level.mesh->setSize(side, points);
+                                         level.mesh->build([] { return 2.0F; });
+                                         enlist(level, 0, 2, 210);
+                                     });
             QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("a.xml")));
             QCOMPARE(editor.window->mapView->dimension, shownDimension);
             QCOMPARE(editor.window->mapView->accuracy, shownDensity);

@@ -22,7 +22,7 @@ private slots:
         for (const auto &[button, parts] : {std::pair("TerrainColor", std::vector<std::size_t>{0, 1}),
                                             {"SunColor", {2}},
                                             {"WaterColor", {3}}}) {
-            const auto open = [&] { editor.click(button); };
+            const auto open = [&editor, name = button] { editor.click(name); };
             QVERIFY(EditorDriver::answer<QColorDialog>(
                 open, [](QColorDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }));
             QCOMPARE(colors(), wanted);

@@ -4,8 +4,11 @@
 #include "scene/SaveTarget.h"
 #include "tests/support/druvelkTest.h"
 #include "tests/support/files.h"
+#include "tests/support/randomSeed.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <csignal>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,8 +17,9 @@ namespace {
 
 constexpr uid_t unprivileged = 65534;
 
-const QByteArray before(300'000, 'o');
-const QByteArray after(200'000, 'n');
+/// Long enough that a kill finds a save at work.
+const QByteArray before(3'000'000, 'o');
+const QByteArray after(2'000'000, 'n');
 
 struct stat statusOf(const QString &fileName) {
     struct stat status {};
@@ -141,6 +145,19 @@ private slots:
             QVERIFY(result <= 0 && (result == -1 || call > 5));
             const QByteArray content = contentOf(file);
             QVERIFY(content == after || (result == -1 && content == before));
+        }
+        QRandomGenerator random(randomSeed());
+        for (int i = 0; i < 100; ++i) {
+            const pid_t child = fork();
+            if (child == 0) {
+                while (saveBytes(before, file) && saveBytes(after, file)) {
+                }
+                _exit(0);
+            }
+            usleep(random.bounded(20'000U));
+            QVERIFY(child > 0 && kill(child, SIGKILL) == 0 && waitpid(child, nullptr, 0) == child);
+            const QByteArray content = contentOf(file);
+            QVERIFY(content == before || content == after);
         }
     }
 

@@ -33,7 +33,13 @@ public:
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     }
 
-    QImage picture() { return frame->toImage(); }
+    /// Taking it forgets OpenGL's errors, so there may be none.
+    QImage picture() {
+        if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+            qFatal("OpenGL error %x", error);
+        }
+        return frame->toImage();
+    }
 
     QOffscreenSurface surface;
     QOpenGLContext context;

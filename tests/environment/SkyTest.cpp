@@ -146,7 +146,7 @@ private slots:
         const QByteArray overridden = qgetenv("MESA_EXTENSION_OVERRIDE");
         QCOMPARE(cubeMapsAvailable(), !overridden.contains("-GL_ARB_texture_cube_map"));
         writeSky(directory, !cubeMapsAvailable());
-        node->setGroundTexture(directory + "/mount_negx.png");
+        node->setWaterTexture(directory + "/mount_negx.png");
         node->initGL();
         const QVector3D north{0, 0, 1};
         const QVector3D sky{0, 1, 0};
@@ -155,7 +155,7 @@ private slots:
             {{0, 0, 1}, sky}, {{0, 0, -1}, sky}, {{3, 1, -2}, sky},  {{-1, -0.5F, 2}, {0.2F, 1, 0.3F}}};
         for (const auto &[to, up] : looks) {
             lookToward(to, up);
-            glBindTexture(GL_TEXTURE_2D, node->groundTextureObject);
+            glBindTexture(GL_TEXTURE_2D, node->waterTextureObject);
             const QImage picture = drawn();
             int compared = 0;
             for (int y = 2; y < OffscreenView::side; y += 7) {
@@ -170,8 +170,8 @@ private slots:
             }
             QVERIFY(compared > 300);
         }
-        // The sky's filters are none of the ground's picture.
-        glBindTexture(GL_TEXTURE_2D, node->groundTextureObject);
+        // The sky's filters are none of the water's picture, which was bound before.
+        glBindTexture(GL_TEXTURE_2D, node->waterTextureObject);
         GLint filter = 0;
         glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, &filter);
         QCOMPARE(filter, GL_LINEAR_MIPMAP_LINEAR);

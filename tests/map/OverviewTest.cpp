@@ -37,8 +37,9 @@ private slots:
 
     /// A point on the line between two cells belongs to the one farther from the middle.
     void theLineBetweenTwoCellsHasAnOwner() {
-        for (const auto &[point, cell] :
-             {std::pair(QPoint(100, 300), 15 + 4 * 20), {QPoint(300, 100), 4 + 15 * 20}}) {
+        for (const auto &[point, cell] : {std::pair(QPoint(100, 300), 15 + 4 * 20),
+                                          {QPoint(300, 100), 4 + 15 * 20},
+                                          {QPoint(200, 200), 9 + 10 * 20}}) {
             driver->drag(point, point);
             QCOMPARE(driver->selectedCells(), std::vector<int>{cell});
         }
@@ -118,8 +119,8 @@ private slots:
         ViewDriver tiled(*view);
         QVERIFY(tiled.show(1000, 1000) && QFile::remove(QStringLiteral("data/textures/tile.png")));
         const QPoint center = tiled.cellAt(10, 10);
-        QVERIFY(shows(tiled.pixel(center - QPoint(0, 12)), 0.95F, 0.475F, 0.475F));
-        QVERIFY(shows(tiled.pixel(center + QPoint(0, 12)), 0, 0, 0));
+        QVERIFY(shows(tiled.pixel(center - QPoint(0, 23)), 0.95F, 0.475F, 0.475F));
+        QVERIFY(shows(tiled.pixel(center + QPoint(0, 23)), 0, 0, 0));
         const GLuint name = view->cells->tileTexture;
         QOffscreenSurface surface;
         surface.create();

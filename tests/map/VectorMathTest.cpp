@@ -13,11 +13,13 @@
 namespace {
 
 bool same(const Matrix4 &a, const QMatrix4x4 &b, double tolerance = 1e-4) {
-    double most = 0;
     for (std::size_t i = 0; i < 16; ++i) {
-        most = std::max(most, std::fabs(double(a[i]) - double(b(int(i / 4), int(i % 4)))));
+        const double off = std::fabs(double(a[i]) - double(b(int(i / 4), int(i % 4))));
+        if (!(off < tolerance)) { // a NaN, too
+            return false;
+        }
     }
-    return most < tolerance;
+    return true;
 }
 
 /// The angle that a drag along the upper edge of a view turns by: from one point of the trackball's surface

@@ -151,6 +151,8 @@ private slots:
         driver->cell(5, 5).selected = true;
         view->placePlayer(&driver->player(0));
         view->replaceDocument(std::make_unique<LevelDocument>());
+        QVERIFY(std::all_of(view->cells->cells.begin(), view->cells->cells.end(),
+                            [](const MapCell &cell) { return cell.vacant; }));
         // Without a level, commands do nothing.
         view->changeWired();
         view->setRandomGeo(false);
@@ -165,8 +167,6 @@ private slots:
         view->refreshTerrain();
         QVERIFY(driver->paint());
         QCOMPARE(view->cells->terrain, static_cast<TerrainMesh *>(view->document->mesh));
-        QVERIFY(std::all_of(view->cells->cells.begin(), view->cells->cells.end(),
-                            [](const MapCell &cell) { return cell.vacant; }));
     }
 
 private:

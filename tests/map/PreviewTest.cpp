@@ -217,6 +217,7 @@ private slots:
         probe->look();
         view->changePreview();
         QCOMPARE(driver->picture(), before);
+        QVERIFY(shows(driver->pixel(driver->cellAt(5, 5)), 0.95F, 0.475F, 0.475F));
         for (const QPoint corner : {QPoint(0, 0), QPoint(before.width() - 1, before.height() - 1)}) {
             QCOMPARE(before.pixelColor(corner).alpha(), 255);
         }

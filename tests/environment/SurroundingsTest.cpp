@@ -107,13 +107,14 @@ private slots:
              {std::tuple(4, 16, 16), {4, 15, 15}, {0, 40, 60}, {2, 0, 60}}) {
             node->setMapSize(density, dimension);
             node->initGL();
-            lookDown(shown / 2, 2 * shown + 2);
+            const int half = shown / 2;
+            lookDown(half, 2 * shown + 2);
             for (int frame = 0; frame < 40; ++frame) { // More than any stack holds.
                 view->clear();
                 node->draw(0);
                 node->drawSecondPass(0);
             }
-            compare(shown / 2, 2 * shown);
+            compare(half, 2 * shown);
             QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(dimension)));
         }
     }
@@ -142,7 +143,8 @@ private:
         std::vector<float> depths(std::size_t(side * side));
         glReadPixels(0, 0, side, side, GL_DEPTH_COMPONENT, GL_FLOAT, depths.data());
         const auto shows = [&](QPoint pixel, const Expected &expected) {
-            const auto depth = double(depths[std::size_t((side - 1 - pixel.y()) * side + pixel.x())]);
+            const int index = (side - 1 - pixel.y()) * side + pixel.x();
+            const auto depth = double(depths[std::size_t(index)]);
             return closeTo(picture.pixelColor(pixel), expected.color) &&
                    std::fabs(100 - 200 * depth - expected.height) < 0.01;
         };

@@ -22,7 +22,8 @@ struct Model {
 
     /// Beyond the last row that row stands in.
     double at(int row, int column) const {
-        return heights[std::size_t(std::min(row, n - 1) * n + std::min(column, n - 1))];
+        const int point = std::min(row, n - 1) * n + std::min(column, n - 1);
+        return heights[std::size_t(point)];
     }
 
     void recolour() {
@@ -47,8 +48,8 @@ struct Model {
         cell.water = !up && cell.red > 0.965;
         const int k = pointsOfACell();
         for (int i = 0; i < k * k; ++i) {
-            const int row = number / 20 * k + i / k;
-            heights[std::size_t(row * n + number % 20 * k + i % k)] += notches / 1.5;
+            const int point = (number / 20 * k + i / k) * n + number % 20 * k + i % k;
+            heights[std::size_t(point)] += notches / 1.5;
         }
     }
 };

@@ -203,7 +203,7 @@ private slots:
             lookAfterSetUp();
             QCOMPARE(probe->at(highUp), skyColor);
             for (const double z : {-0.25, 0.25, 0.75, 1.1}) {
-                QVERIFY(isGreen(probe->at(side / 2, 0, z * side)));
+                QVERIFY(isGreen(probe->at(0.5 * side, 0, z * side)));
             }
         }
     }

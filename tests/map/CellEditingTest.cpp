@@ -1,9 +1,10 @@
 #include "map/CellGrid.h"
 #include "map/MeshNode.h"
 #include "support/druvelkTest.h"
-#include "support/seededRandom.h"
+#include "support/randomSeed.h"
 
 #include <cmath>
+#include <random>
 
 namespace {
 
@@ -69,7 +70,7 @@ private slots:
 
 private:
     static void followWheel(int dimension, int density) {
-        std::mt19937 random = seededRandom();
+        std::mt19937 random(randomSeed());
         const int n = dimension * density;
         Model model{n, {}};
         // No mean of these is a colour at which water begins or raising ends.

@@ -3,9 +3,10 @@
 #include "scene/LevelFile.h"
 #include "support/druvelkTest.h"
 #include "support/levelBytes.h"
-#include "support/seededRandom.h"
+#include "support/randomSeed.h"
 
 #include <cmath>
+#include <random>
 
 namespace {
 
@@ -83,7 +84,7 @@ private slots:
     }
 
     void pointsFollowTheHeights() {
-        std::mt19937 random = seededRandom();
+        std::mt19937 random(randomSeed());
         MeshNode mesh;
         for (int i = 0; i < 60; ++i) {
             const int dimension = int(1 + random() % 9);
@@ -114,7 +115,7 @@ private slots:
     }
 
     void erosionKeepsToItsRule() {
-        std::mt19937 random = seededRandom();
+        std::mt19937 random(randomSeed());
         std::uniform_real_distribution<float> height(-10, 40);
         constexpr float largest = std::numeric_limits<float>::max() / 40;
         for (const int n : {1, 2, 3, 4, 5, 20, 49, 120}) {

@@ -4,11 +4,12 @@
 #include "map/math/Trackball.h"
 #include "map/math/Vec3.h"
 #include "support/druvelkTest.h"
-#include "support/seededRandom.h"
+#include "support/randomSeed.h"
 
 #include <QMatrix4x4>
 #include <QQuaternion>
 #include <cmath>
+#include <random>
 
 namespace {
 
@@ -121,7 +122,7 @@ private:
     float number() { return std::uniform_real_distribution<float>(-2, 2)(random); }
     int below(int end) { return int(random() % unsigned(end)); }
 
-    std::mt19937 random = seededRandom();
+    std::mt19937 random{randomSeed()};
 };
 
 DRUVELK_TEST_MAIN(VectorMathTest)

@@ -1,202 +1,19 @@
 // What a preview frame of an 80 × 4 level costs, three ways of sending its terrain, and what
 // entering the preview costs. Needs a display with OpenGL.
 
-#include "bench/BenchView.h"
 #include "bench/LevelFloors.h"
+#include "bench/PreviewStage.h"
 #include "bench/RatioTable.h"
-#include "bench/SampleLevel.h"
-#include "bench/TerrainNodes.h"
-#include "environment/BackgroundNode.h"
 #include "environment/OpenGLSetup.h"
-#include "environment/SharedTextures.h"
-#include "environment/SkyTextures.h"
 #include "environment/TextureUpload.h"
 
-#include <GL/glext.h>
 #include <QApplication>
-#include <QTemporaryDir>
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstring>
 
 namespace {
-
-constexpr int dimension = 80;
-constexpr int density = 4;
-constexpr int viewSide = 600;
-constexpr int textureSide = 1024;
-
-/// In the place of the level's terrain: draws one of several nodes.
-class Switch : public SceneNode {
-public:
-    std::vector<std::unique_ptr<SceneNode>> ways;
-    std::size_t shown = 0;
-
-    void draw(float time) override {
-        if (shown < ways.size()) {
-            ways[shown]->draw(time);
-        }
-    }
-    void drawSecondPass(float) override {}
-    void initGL() override {
-        for (const auto &way : ways) {
-            way->initGL();
-        }
-    }
-    void writeXml(QTextStream &) const override {}
-    bool readXml(QDomElement, CISG *) override { return false; }
-};
-
-enum Way : std::size_t { shipped, anew, buffers, nothing };
-
-/// A grainy picture, so that the decoder has something to do.
-QImage picture(int seed) {
-    QImage image(textureSide, textureSide, QImage::Format_RGB32);
-    auto grain = static_cast<unsigned>(seed);
-    for (int y = 0; y < textureSide; ++y) {
-        for (int x = 0; x < textureSide; ++x) {
-            grain = grain * 1664525U + 1013904223U;
-            const int value = 96 + (x * y / 4096) % 96 + static_cast<int>(grain >> 28);
-            image.setPixel(x, y, qRgb(value, 255 - value, (x + seed * 40) % 256));
-        }
-    }
-    return image;
-}
-
-/// The level's pictures as files in a folder of their own.
-class Pictures {
-public:
-    Pictures() {
-        for (const char *name : {"ground.jpg", "water.jpg", "terrain.jpg"}) {
-            add(folder.filePath(QLatin1String(name)));
-        }
-        for (int face = 0; face < 6; ++face) {
-            QString name = sky();
-            cubeFaceFileName(face, name);
-            add(name);
-        }
-        add(otherGround());
-        files.pop_back();
-    }
-
-    QString sky() const { return folder.filePath(QStringLiteral("mount.jpg")); }
-    QString otherGround() const { return folder.filePath(QStringLiteral("other.jpg")); }
-
-    static constexpr std::size_t surfaces = 3; ///< The rest of the files are faces.
-
-    std::vector<QString> files; ///< Ground, water, terrain, then the faces of the sky.
-
-private:
-    void add(const QString &name) {
-        if (!picture(static_cast<int>(files.size())).save(name)) {
-            std::fprintf(stderr, "cannot write %s\n", qPrintable(name));
-            std::exit(2);
-        }
-        files.push_back(name);
-    }
-
-    QTemporaryDir folder;
-};
-
-/// The view with the level; its terrain's node is exchanged for a Switch.
-class Stage {
-public:
-    Stage() : view(viewSide) {
-        auto level = std::make_unique<LevelDocument>();
-        fillWithHills(*level, dimension, density);
-        level->mesh->texture = pictures.files[2];
-        level->background->groundTexture = pictures.files[0];
-        level->background->waterTexture = pictures.files[1];
-        level->background->cubeTexture = pictures.sky();
-        background = level->background;
-        auto exchange = std::make_unique<Switch>();
-        choice = exchange.get();
-        auto &nodes = level->root.children;
-        for (auto &node : nodes) {
-            if (node.get() == level->mesh) {
-                choice->ways.push_back(std::move(node));
-                node = std::move(exchange);
-            }
-        }
-        choice->ways.push_back(std::make_unique<SentTerrain>(*level->mesh));
-        choice->ways.push_back(std::make_unique<BufferedTerrain>(*level->mesh));
-        surroundings = std::move(nodes.front());
-        nodes.pop_front();
-        view.showLevel(std::move(level));
-    }
-
-    MeshNode &terrain() const { return *view.document->mesh; }
-
-    /// With the surroundings, a frame has sky, ground frame, outline and water too.
-    void setSurroundings(bool shown) {
-        auto &nodes = view.document->root.children;
-        if (shown && surroundings) {
-            nodes.push_front(std::move(surroundings));
-        } else if (!shown && !surroundings) {
-            surroundings = std::move(nodes.front());
-            nodes.pop_front();
-        }
-    }
-
-    void draw(Way way) {
-        choice->shown = way;
-        view.drawFrame();
-    }
-
-    void setUp() {
-        view.setDirty(true);
-        draw(shipped);
-    }
-
-    void changeGround() {
-        const bool another = background->groundTexture == pictures.files[0];
-        background->groundTexture = another ? pictures.otherGround() : pictures.files[0];
-        setUp();
-    }
-
-    /// As for the first time: no picture, no list, no normals are there yet.
-    void enter() {
-        releaseTexture(background->groundTextureObject);
-        releaseTexture(background->waterTextureObject);
-        releaseTexture(background->skyTextures.cubeMap);
-        releaseTexture(terrain().textureObject);
-        changeHeights();
-        terrain().markChanged();
-        setUp();
-    }
-
-    /// Normals are computed only of heights that changed.
-    void changeHeights() {
-        float &height = terrain().vertices.back().position.y;
-        height = -height - 1;
-    }
-
-    /// How aslant a surface may be seen and stay sharp; returns the largest ratio so far.
-    float setAnisotropy(float ratio) {
-        float before = 1;
-        for (const GLuint texture :
-             {background->groundTextureObject, background->waterTextureObject, terrain().textureObject}) {
-            glBindTexture(GL_TEXTURE_2D, texture);
-            glGetTexParameterfv(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, &before);
-            glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, ratio);
-        }
-        return before;
-    }
-
-    QImage image(Way way) {
-        choice->shown = way;
-        return view.grabFramebuffer();
-    }
-
-    Pictures pictures;
-
-private:
-    BenchView view;
-    Switch *choice = nullptr;
-    BackgroundNode *background = nullptr;
-    std::unique_ptr<SceneNode> surroundings;
-};
 
 void addDrawing(RatioTable &table, Stage &stage) {
     const auto bare = [&stage] { stage.setSurroundings(false); };
@@ -372,7 +189,8 @@ void addEntering(RatioTable &table, Stage &stage, const std::vector<QImage> &ima
                        for (const TerrainVertex &vertex : stage.terrain().vertices) {
                            heights.push_back(vertex.position.y);
                        }
-                       bareNormals(heights, dimension * density, 1.0F / density, faces, sums);
+                       bareNormals(heights, Stage::dimension * Stage::density, 1.0F / Stage::density, faces,
+                                   sums);
                        benchmark::DoNotOptimize(sums.data());
                    }});
     table.add({.name = entering,

@@ -230,7 +230,9 @@ QByteArray viewOf(const EditorDriver &editor) {
     const GLMapWidget &view = *editor.window->mapView;
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
-    out << view.preview << view.document->mesh->wired << view.zoom << view.eyeHeight << view.center.x
+    // The next paint brings back what was zoomed too far.
+    const float zoom = std::min(view.zoom, 1.6F);
+    out << view.preview << view.document->mesh->wired << zoom << view.eyeHeight << view.center.x
         << view.center.y << view.center.z;
     for (std::size_t i = 0; i < 16; ++i) {
         out << view.viewRotation[i];

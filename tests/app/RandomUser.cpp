@@ -216,6 +216,8 @@ void RandomUser::pressKeys() {
 
 void RandomUser::resize() {
     action = "resize";
+    // Nobody does that with a button held down in the map.
+    QTest::mouseRelease(editor.window->mapView, Qt::LeftButton);
     const QByteArray view = viewOf(editor);
     editor.window->resize(smallSide + upTo(oneIn(4) ? 700 : 100), smallSide + upTo(oneIn(4) ? 600 : 100));
     QCoreApplication::processEvents();

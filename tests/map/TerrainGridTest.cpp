@@ -49,7 +49,7 @@ void erodePointByPoint(std::vector<float> &h, int n, int passes) {
             double sum = 0;
             if (i % n != 0 && (i + 1) % n != 0) {
                 for (const int d : {-1, 1, -n - 1, -n, -n + 1, n - 1, n, n + 1}) {
-                    sum += h[std::size_t(i + d)];
+                    sum += h.data()[i + d];
                 }
             }
             h[std::size_t(i)] = float(sum / 8);
@@ -89,7 +89,7 @@ private slots:
         for (int i = 0; i < 60; ++i) {
             const int dimension = int(1 + random() % 9);
             const int density = int(1 + random() % 4);
-            const auto n = std::size_t(dimension * density);
+            const auto n = std::size_t(dimension) * std::size_t(density);
             std::vector<double> heights;
             std::generate_n(std::back_inserter(heights), n * n, [&] { return int(random() % 50) / 8.0; });
             mesh.setSize(dimension, density);
@@ -103,8 +103,9 @@ private slots:
             const auto normals = expectedNormals(heights, n, density);
             for (std::size_t p = 0; p < n * n; ++p) {
                 const auto &[position, normal, texture] = mesh.vertices[p];
+                const std::size_t row = p / n;
                 const double x = double(p % n) / density;
-                const double z = double(p / n) / density;
+                const double z = double(row) / density;
                 for (const double off :
                      {position.x - x, position.z - z, texture.x - z / dimension, texture.y - x / dimension,
                       normal.x - normals[p][0], normal.y - normals[p][1], normal.z - normals[p][2]}) {

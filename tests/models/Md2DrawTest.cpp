@@ -54,11 +54,11 @@ Md2Builder Md2DrawTest::squares() {
     }
     builder.addRun(4);
     for (const int corner : {0, 1, 2, 3}) {
-        builder.addVertex(float(corner % 2), float(corner / 2), corner);
+        builder.addVertex(float(corner % 2), corner < 2 ? 0.0F : 1.0F, corner);
     }
     builder.addRun(-4);
     for (const int corner : {0, 1, 3, 2}) {
-        builder.addVertex(float(corner % 2), float(corner / 2), 4 + corner);
+        builder.addVertex(float(corner % 2), corner < 2 ? 0.0F : 1.0F, 4 + corner);
     }
     builder.addRun(0);
     return builder;
@@ -74,7 +74,8 @@ void Md2DrawTest::init() {
     QImage skin(64, 64, QImage::Format_RGB32);
     for (int pixel = 0; pixel < 64 * 64; ++pixel) {
         const std::array colours{qRgb(250, 0, 0), qRgb(0, 250, 0), qRgb(0, 0, 250), qRgb(250, 250, 250)};
-        skin.setPixel(pixel % 64, pixel / 64, colours[std::size_t(pixel % 64 / 32 + pixel / 2048 * 2)]);
+        const int quarter = pixel % 64 / 32 + pixel / 2048 * 2;
+        skin.setPixel(pixel % 64, pixel / 64, colours[std::size_t(quarter)]);
     }
     const QString file = directory.filePath(QStringLiteral("model.md2"));
     QVERIFY(writeFile(file, squares().bytes()) && skin.save(directory.filePath(QStringLiteral("skin.png"))));

@@ -60,7 +60,8 @@ private slots:
         john.active = john.placed = true;
         john.cell = 12;
         CharacterNode &other = *level.charSet->characters[9];
-        static_cast<PlayerContent &>(other) = john;
+        const PlayerContent &like = john;
+        static_cast<PlayerContent &>(other) = like;
         other.cell = 40;
         other.name = QStringLiteral("Player");
         other.modelIndex = 3;

@@ -83,14 +83,16 @@ public:
     }
 
     MapCell &cell(int column, int row) {
-        return view.cells->cells.at(static_cast<std::size_t>(column + 20 * row));
+        const int index = column + 20 * row;
+        return view.cells->cells.at(static_cast<std::size_t>(index));
     }
 
     CharacterNode &player(std::size_t number) { return *view.document->charSet->characters.at(number); }
 
     float height(int row, int column) const {
         const MeshNode &mesh = *view.document->mesh;
-        return mesh.vertices.at(static_cast<std::size_t>(row * mesh.pointsPerSide() + column)).position.y;
+        const int point = row * mesh.pointsPerSide() + column;
+        return mesh.vertices.at(static_cast<std::size_t>(point)).position.y;
     }
 
 private:

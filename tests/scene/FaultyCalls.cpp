@@ -1,5 +1,6 @@
 #include "FaultyCalls.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -72,8 +73,9 @@ int posix_fallocate(int file, off_t from, off_t size) {
     return result == -1 ? errno : result;
 }
 
+/// Takes a part of what is long, as the system may.
 ssize_t write(int file, const void *bytes, size_t size) {
-    return call<ssize_t>("write", file, bytes, size);
+    return call<ssize_t>("write", file, bytes, std::min<size_t>(size, 700'000));
 }
 
 int fsync(int file) {

@@ -10,6 +10,29 @@ private slots:
     // The directory has no pictures.
     void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("druvelk.*=false")); }
 
+    void eachControlHasAPlaceOfItsOwn() {
+        const EditorDriver editor;
+        for (int page = 0; page < editor.window->MainTab->count(); ++page) {
+            editor.window->MainTab->setCurrentIndex(page);
+            QCoreApplication::processEvents();
+            QWidgetList shown = editor.window->MainTab->currentWidget()->findChildren<QWidget *>();
+            shown.removeIf([](QWidget *widget) {
+                const bool isOne = qobject_cast<QLabel *>(widget) != nullptr ||
+                                   qobject_cast<QComboBox *>(widget) != nullptr ||
+                                   qobject_cast<QAbstractButton *>(widget) != nullptr ||
+                                   qobject_cast<QAbstractSpinBox *>(widget) != nullptr;
+                return !isOne || !widget->isVisible();
+            });
+            QVERIFY(shown.size() >= 4);
+            QRegion taken;
+            for (const QWidget *const widget : shown) {
+                const QRect place(widget->mapTo(editor.window.get(), QPoint()), widget->size());
+                QVERIFY2(!taken.intersects(place), qPrintable(widget->objectName()));
+                taken += place;
+            }
+        }
+    }
+
     void eachColorButtonDressesItsPart() {
         const EditorDriver editor;
         GLMapWidget &view = *editor.window->mapView;

@@ -112,13 +112,14 @@ private slots:
             QCOMPARE(others.back()->skyTextures.faces, node->skyTextures.faces);
         }
         const GLuint ground = terrain->textureObject;
+        const GLuint water = node->waterTextureObject;
         const GLuint sky = node->skyTextures.cubeMap + node->skyTextures.faces[0];
         terrain.reset();
         node.reset();
         others.resize(1);
-        QVERIFY(glIsTexture(ground) && glIsTexture(sky));
+        QVERIFY(glIsTexture(ground) && glIsTexture(water) && glIsTexture(sky));
         others.clear();
-        QVERIFY(!glIsTexture(ground) && !glIsTexture(sky));
+        QVERIFY(!glIsTexture(ground) && !glIsTexture(water) && !glIsTexture(sky));
     }
 
     void onlyFilesOfAReasonableSizeAreRead() {

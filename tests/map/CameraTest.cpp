@@ -104,6 +104,7 @@ private:
 
     void drag(QPoint from, QPoint to) {
         QTest::mousePress(view.get(), Qt::LeftButton, {}, from);
+        driver->sendMove((from + to) / 2);
         driver->sendMove(to);
         QTest::mouseRelease(view.get(), Qt::LeftButton, {}, to);
         probe->look();

@@ -29,11 +29,15 @@ bool fails(const char *name) {
     return true;
 }
 
+template <typename Result, typename... Parameters>
+Result callLibrary(const char *name, Parameters... parameters) {
+    return reinterpret_cast<Result (*)(Parameters...)>(dlsym(RTLD_NEXT, name))(parameters...);
+}
+
 /// The library's own function, unless it is the turn of this call to fail.
 template <typename Result, typename... Parameters>
 Result call(const char *name, Parameters... parameters) {
-    auto *const next = reinterpret_cast<Result (*)(Parameters...)>(dlsym(RTLD_NEXT, name));
-    return fails(name) ? Result{-1} : next(parameters...);
+    return fails(name) ? Result{-1} : callLibrary<Result>(name, parameters...);
 }
 
 } // namespace
@@ -63,7 +67,7 @@ int open(const char *path, int flags, ...) {
 int close(int file) {
     const bool failing = fails("close");
     const int error = errno;
-    const int result = call<int>("close", file);
+    const int result = callLibrary<int>("close", file);
     errno = failing ? error : errno;
     return failing ? -1 : result;
 }

@@ -44,9 +44,14 @@ int inChild(const std::function<int()> &action, bool asAnother = true) {
     return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+qsizetype openFiles() {
+    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+}
+
 /// Saves over the file, letting each call to the system fail once; what went wrong, or nothing.
 const char *faultOfFaultySaves(const QString &file) {
     const auto beside = filesBeside(file);
+    qsizetype openAtFirst = 0;
     for (const int error : {EIO, ENOSPC}) {
         int call = 0;
         for (const char *failed = ""; failed != nullptr; ++call) {
@@ -70,6 +75,11 @@ const char *faultOfFaultySaves(const QString &file) {
         }
         if (call < 6) {
             return "hardly any call was counted";
+        }
+        if (error == EIO) {
+            openAtFirst = openFiles();
+        } else if (openFiles() != openAtFirst) {
+            return "a file stays open";
         }
     }
     return "";

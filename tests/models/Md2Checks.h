@@ -3,15 +3,22 @@
 #include "models/Md2Content.h"
 #include "tests/models/Md2Builder.h"
 
-#include <QtEndian>
+#include <QDataStream>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 
 /// Whether all lists of a model file lie behind its header and inside of it, in numbers that do not wrap.
 inline bool listsLieInside(const QByteArray &bytes) {
     using B = Md2Builder;
-    const auto number = [&](int at) { return double(qFromLittleEndian<qint32>(bytes.constData() + at)); };
+    std::array<qint32, sizeof(Md2Header) / 4> header{};
+    QDataStream in(bytes);
+    in.setByteOrder(QDataStream::LittleEndian);
+    for (qint32 &value : header) {
+        in >> value;
+    }
+    const auto number = [&](int at) { return double(header.at(std::size_t(at) / 4)); };
     const auto isInside = [&](int count, int place, double size) {
         return number(count) == 0 || (number(count) > 0 && number(place) >= double(sizeof(Md2Header)) &&
                                       number(place) + number(count) * size <= double(bytes.size()));

@@ -124,7 +124,6 @@ void Md2LoadTest::readsOnlyWhatCanBeDrawn() {
     for (int i = 0; i < 100000; ++i) {
         QByteArray bytes = good;
         for (auto changes = random.bounded(1, 4); changes > 0; --changes) {
-            // Times 64, 12 or 4, the multiples of 2²⁶ are small again where numbers have 32 bits.
             // Times 64, 12 or 4, the multiples of 2²⁶ are small again where numbers have 32 bits. The last
             // are the largest float and more.
             const std::array numbers{random.bounded(4U), random.bounded(quint32(good.size() + 9)),

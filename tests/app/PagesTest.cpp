@@ -50,8 +50,11 @@ private slots:
                 open, [](QColorDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }));
             QCOMPARE(colors(), wanted);
             view.reinitPending = false;
-            QVERIFY(EditorDriver::answer<QColorDialog>(open, [](QColorDialog &dialog) {
+            const auto &terrain = wanted[0];
+            QVERIFY(EditorDriver::answer<QColorDialog>(open, [&terrain](QColorDialog &dialog) {
                 QCOMPARE(dialog.currentColor(), QColor(Qt::white));
+                QCOMPARE(QColorDialog::customColor(13).rgb(),
+                         QColor::fromRgbF(terrain[0], terrain[1], terrain[2]).rgb());
                 QCOMPARE(QColorDialog::customColor(15), QColor(51, 102, 204));
                 auto *const html = dialog.findChild<QLineEdit *>();
                 html->selectAll();

@@ -1,5 +1,4 @@
 # Tests of environment/, one line each: druvelk_test(environment/NameOfTest)
-druvelk_test(environment/BackgroundNodeTest)
 druvelk_test(environment/GLErrorsTest)
 druvelk_test(environment/SharedTexturesTest)
 druvelk_test(environment/SkyTest)

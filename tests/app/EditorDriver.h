@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QDialogButtonBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
@@ -144,7 +145,7 @@ public:
         return answered;
     }
 
-    /// The same with the file dialog of an action: types a name and presses Return.
+    /// The same with the file dialog of an action: types a name and presses the button.
     bool answerFile(const char *action, const QString &name) const {
         return answer<QFileDialog>([&] { clickTool(action); },
                                    [&](QFileDialog &dialog) { enterFile(dialog, name); });
@@ -154,7 +155,11 @@ public:
         auto *const edit = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         edit->selectAll();
         QTest::keyClicks(edit, name);
-        QTest::keyClick(edit, Qt::Key_Return);
+        auto &buttons = *dialog.findChild<QDialogButtonBox *>();
+        QTest::mouseClick(buttons.button(dialog.acceptMode() == QFileDialog::AcceptOpen
+                                             ? QDialogButtonBox::Open
+                                             : QDialogButtonBox::Save),
+                          Qt::LeftButton);
     }
 
     LevelDocument &level() const { return *window->mapView->document; }

@@ -48,6 +48,7 @@ private slots:
             environment.deathTouch = environment.dynamicTime = false;
             environment.fog = true;
             environment.birdsNumber = 0;
+            environment.birdTexture = QStringLiteral("./data/textures/eagle2.jpg");
             environment.dayTime = 171;
             environment.gravity = 6.4F;
             environment.sunSpeed = 4;
@@ -139,6 +140,7 @@ private slots:
                                          level.mesh->build([] { return 2.0F; });
                                          enlist(level, 0, 2, 210);
                                      });
+            editor.click("randomStart");
             QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("a.xml")));
             QCOMPARE(editor.window->mapView->dimension, shownDimension);
             QCOMPARE(editor.window->mapView->accuracy, shownDensity);

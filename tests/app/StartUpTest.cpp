@@ -23,6 +23,9 @@ public:
 
 /// The child of exitEndsTheProcessAtOnce: triggers Exit in the preview, while a dialog is open.
 int exitFromDialog() {
+    if (!missingOpenGL().isEmpty()) {
+        return 8;
+    }
     const EditorDriver editor;
     editor.map().wheel(120);
     editor.clickTool("Preview");
@@ -74,7 +77,9 @@ private slots:
 
     void exitEndsTheProcessAtOnce() {
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--exit-from-dialog")});
+        // Any version from 2.1 on will do.
+        child.start(QStringLiteral("env"), {"MESA_GL_VERSION_OVERRIDE=3.0",
+                                            QCoreApplication::applicationFilePath(), "--exit-from-dialog"});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
         QCOMPARE(child.exitCode(), 0);

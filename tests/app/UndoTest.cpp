@@ -73,11 +73,16 @@ private slots:
         const EditorDriver editor;
         editor.activate();
         ViewDriver map = editor.map();
-        QDir().mkpath(QStringLiteral("data/textures"));
-        for (const auto &[name, color] : {std::pair("grass1", 0xff206020U), {"snow1", 0xffe0e0f0U}}) {
+        QStringList files{QStringLiteral("textures/grass1"), QStringLiteral("textures/snow1"),
+                          QStringLiteral("textures/water3")};
+        for (const char *const face : {"negx", "posx", "negy", "posy", "negz", "posz"}) {
+            files.append(QStringLiteral("CubeMap/cirri/mount_%1").arg(QLatin1String(face)));
+        }
+        for (const QString &file : std::as_const(files)) {
             QImage picture(8, 8, QImage::Format_RGB32);
-            picture.fill(color);
-            QVERIFY(picture.save(QStringLiteral("data/textures/%1.jpg").arg(QLatin1String(name))));
+            picture.fill(QColor::fromHsv(int(file.size()) * 12, 200, 200));
+            const QFileInfo place(QStringLiteral("data/%1.jpg").arg(file));
+            QVERIFY(QDir().mkpath(place.path()) && picture.save(place.filePath()));
         }
         map.drag(map.cellAt(4, 4), map.cellAt(15, 15));
         map.wheel(-360);
@@ -93,9 +98,11 @@ private slots:
         };
         const std::vector<std::pair<const char *, std::function<void()>>> actions{
             {"texture", [&] { editor.pick("TerrainTextureType", QStringLiteral("snow1")); }},
+            {"sky", [&] { editor.pick("SkyTextureType", QStringLiteral("cirri")); }},
+            {"water's texture", [&] { editor.pick("waterTextureType", QStringLiteral("water3")); }},
+            {"day time", [&] { editor.pick("dayTime", QStringLiteral("night")); }},
             {"fog", [&] { editor.click("Fog"); }},
             {"no water", [&] { editor.click("water"); }},
-            {"day time", [&] { editor.pick("dayTime", QStringLiteral("night")); }},
             {"erosion", [&] { editor.click("SmoothTerrain"); }},
             {"new map", newMap}};
         // A new map moves the camera, and undo leaves it there.

@@ -197,6 +197,17 @@ private slots:
         }
     }
 
+    void itsTintFollowsTheHeightOfTheSun() {
+        constexpr std::array<std::array<float, 3>, 5> tints{
+            {{0.1F, 0.1F, 0.3F}, {0.3F, 0.3F, 0.4F}, {0.65F, 0.45F, 0.3F}, {0.8F, 0.7F, 0.6F}, {1, 1, 1}}};
+        for (node->dayTime = -90; node->dayTime < 270; ++node->dayTime) {
+            const int height = std::min(node->dayTime, 180 - node->dayTime);
+            const int step = int(height >= 10) + int(height >= 30) + int(height >= 50) + int(height >= 70);
+            node->updateSkyTint();
+            QVERIFY2(node->skyTint == tints[std::size_t(step)], qPrintable(QString::number(node->dayTime)));
+        }
+    }
+
 private:
     QImage drawn() {
         view->clear();

@@ -111,7 +111,7 @@ private slots:
         tile.fill(Qt::red);
         for (int y = 5; y < 95; ++y) {
             for (int x = 5; x < 95; ++x) {
-                tile.setPixelColor(x, y, y < 50 ? Qt::white : Qt::black);
+                tile.setPixelColor(x, y, y < 16 ? Qt::white : Qt::black);
             }
         }
         QVERIFY(tile.save(QStringLiteral("data/textures/tile.png")));

@@ -1,5 +1,6 @@
 #include "map/Erosion.h"
 #include "map/MeshNode.h"
+#include "map/TerrainEdge.h"
 #include "scene/LevelFile.h"
 #include "support/druvelkTest.h"
 #include "support/levelBytes.h"
@@ -111,6 +112,16 @@ private slots:
                       normal.x - normals[p][0], normal.y - normals[p][1], normal.z - normals[p][2]}) {
                     QVERIFY2(std::fabs(off) < 1e-5, qPrintable(QString::number(p)));
                 }
+            }
+            // The wall goes along the border from point to point.
+            const auto wall = terrainEdge(mesh).wall;
+            QCOMPARE(wall.size(), n < 2 ? 0 : 8 * n);
+            for (std::size_t p = 0; p < wall.size(); p += 2) {
+                const auto &[x, y, z] = wall[p].position;
+                const Vec3 &next = wall[(p + 2) % wall.size()].position;
+                const double side = double(n - 1) / density;
+                QVERIFY(std::min({double(x), double(z), side - x, side - z}) < 1e-5);
+                QVERIFY(std::hypot(next.x - x, next.z - z) < 1.0 / density + 1e-5);
             }
         }
     }

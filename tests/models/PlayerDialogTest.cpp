@@ -97,6 +97,7 @@ void PlayerDialogTest::initTestCase() {
 // With the paths of the first picture, whose lower-case letters the data tree does not have.
 void PlayerDialogTest::showsTheCharacterUprightWithItsWeapon() {
     ShownDialog dialog;
+    QVERIFY(dialog.width() >= 476 && dialog.height() >= 308 && dialog.buttonOk->x() > dialog.width() / 2);
     const QImage picture = dialog.picture();
     const QSizeF size = QSizeF(dialog.PreviewPlayerWidget->size()) * dialog.devicePixelRatioF();
     QCOMPARE(picture.size(), QSize(qRound(size.width()), qRound(size.height())));
@@ -136,9 +137,12 @@ void PlayerDialogTest::movesOnlyWhileVisible() {
     QVERIFY(model.startFrame == 0 && model.endFrame == 39 && model.speed == 2);
     QCOMPARE(CIGLPlayerWidget::weaponModel().endFrame, 39);
     const float before = model.framePosition;
+    QElapsedTimer clock;
+    clock.start();
     emit dialog.TeamBox->textActivated(dialog.TeamBox->currentText());
     QTRY_VERIFY(model.framePosition < before); // A pick starts the animation anew.
     QTRY_VERIFY(model.framePosition > 0.1F);
+    QVERIFY2(model.framePosition < 0.1F + float(clock.elapsed()) * 0.002F, "two frames a second");
 
     const QTimer &timer = *dialog.PreviewPlayerWidget->findChild<QTimer *>();
     dialog.hide();
@@ -169,7 +173,10 @@ void PlayerDialogTest::copiesTheChoices() {
     QTest::keyClicks(dialog.Name, "Ann <3");
     QTest::keyClicks(dialog.ModelBox, "Marine");
     QTest::keyClicks(dialog.TeamBox, "Personal");
-    dialog.waitForBox->setValue(4);
+    for (const auto &[typed, taken] : {std::pair(-1, 0), {11, 10}, {4, 4}}) {
+        dialog.waitForBox->setValue(typed);
+        QCOMPARE(dialog.waitForBox->value(), taken);
+    }
     dialog.ifWait->click();
     QVERIFY(!dialog.waitForBox->isEnabled());
     CharacterNode player;

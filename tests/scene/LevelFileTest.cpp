@@ -219,13 +219,17 @@ private slots:
                                               "Terminator blue Annientatore", "Terminator Green Standard"}));
         QVERIFY(!level->charSet->characters[5]->placed);
         QCOMPARE(level->charSet->characters[6]->name, QStringLiteral("Player"));
+        const auto bare = levelRead(levelOf("<BackgroundNode groundTexture='g'/>"));
+        const BackgroundNode &node = *bare->background;
+        QCOMPARE(node.groundTexture + node.waterTexture + node.cubeTexture + node.birdTexture, "g   ");
     }
 
     void aSetKeepsItsPlayersInFrontOfOtherNodes() {
         const QByteArray one = player(" 0 0 0.5 0 5");
+        const QByteArray byHand = player("\t0 0\r\n0.5\t0 5");
         const QByteArray two = player(" 0 0 0.5 0 -1");
         const QByteArray group = "<CISGGroup>\n" + one + "</CISGGroup>\n";
-        const auto level = levelRead(levelOf("<CharSetNode>a<!-- -->" + group + one + "a" + two +
+        const auto level = levelRead(levelOf("<CharSetNode>a<!-- -->" + group + byHand + "a" + two +
                                              "<Nobody/>" + one + "</CharSetNode>" + one));
         QVERIFY(level);
         QCOMPARE(levelBytes(*level),

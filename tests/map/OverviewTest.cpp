@@ -43,7 +43,8 @@ private slots:
             driver->drag(point, point);
             QCOMPARE(driver->selectedCells(), std::vector<int>{cell});
         }
-        const GLint side = qRound(400 * view->devicePixelRatioF());
+        QVERIFY(driver->show(301, 301));
+        const GLint side = qRound(301 * view->devicePixelRatioF());
         QCOMPARE(view->cells->viewport, (std::array<GLint, 4>{0, 0, side, side}));
     }
 

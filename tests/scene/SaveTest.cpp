@@ -103,7 +103,7 @@ private slots:
         const QString link = folder->filePath(QStringLiteral("link.xml"));
         QVERIFY(QFile::link(QStringLiteral("a.xml"), link));
         QVERIFY(QFile::setPermissions(file, QFile::Permissions(0x6040)));
-        const bool given = chown(QFile::encodeName(file).constData(), unprivileged, unprivileged) == 0;
+        const bool given = chown(QFile::encodeName(file).constData(), unprivileged, getegid()) == 0;
         QVERIFY(saveBytes(after, link));
         QVERIFY(QFileInfo(link).isSymLink());
         QCOMPARE(contentOf(file), after);

@@ -120,7 +120,10 @@ private:
     }
 
     void updateButton() {
-        const bool usable = acceptMode() == AcceptSave ? !field->text().isEmpty() : needsSuffix();
+        // The toolkit takes a file for absent whose suffix is another than the list's.
+        const bool usable = acceptMode() == AcceptSave
+                                ? !field->text().isEmpty()
+                                : needsSuffix() || QFileInfo(selectedFiles().value(0)).isFile();
         if (auto *const buttons = findChild<QDialogButtonBox *>(); usable && buttons != nullptr) {
             buttons->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open)
                 ->setEnabled(true);

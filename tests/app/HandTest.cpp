@@ -196,14 +196,14 @@ private slots:
         QCOMPARE(hintAt(editor, map.cellAt(19, 19)),
                  QStringLiteral("Cell 399\nLowest point: -0.67\nHighest point: -0.67\nLake: yes"));
         QVERIFY(hintAt(editor, {1, 1}).isEmpty());
-        map.drag(map.cellAt(5, 0), map.cellAt(12, 5));
+        map.drag(map.cellAt(5, 2), map.cellAt(12, 5));
         map.wheel(120);
         editor.clickTool("Preview");
         GLMapWidget &view = *editor.window->mapView;
-        view.center = {17.5, 2 / 3.0, 3.5};
+        view.center = {17.5, 1 / 3.0, 3.75}; // Half way up the slope.
         QVERIFY(map.paint());
         const QString hint = hintAt(editor, view.rect().center());
-        const QRegularExpression wanted(QStringLiteral("^Position: 17\\.\\d+, 3\\.\\d+\nHeight: 0\\.67$"));
+        const QRegularExpression wanted(QStringLiteral("^Position: 17\\.\\d+, 3\\.\\d+\nHeight: 0\\.[2-4]\\d$"));
         QVERIFY2(wanted.match(hint).hasMatch(), qPrintable(hint));
         QVERIFY(hintAt(editor, {view.width() / 2, 1}).isEmpty());
     }
@@ -273,6 +273,9 @@ private slots:
         editor.selectCell(5, 5);
         QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("good")));
         QVERIFY(&editor.level() != before && editor.player(1).cell == 18);
+        EditorDriver::writeLevel(QStringLiteral("levels/good"), [](auto &level) { enlist(level, 0, 0, 1); });
+        QVERIFY(editor.answerFile("fileOpenAction", QStringLiteral("good")));
+        QVERIFY(editor.player(0).cell == 1 && !editor.player(1).active);
         // A new document selects the map's corner, too.
         QCOMPARE(editor.map().selectedCells(), (std::vector<int>{0, 105}));
     }

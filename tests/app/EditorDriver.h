@@ -11,7 +11,6 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QDialogButtonBox>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>

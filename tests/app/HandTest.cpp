@@ -203,7 +203,8 @@ private slots:
         view.center = {17.5, 1 / 3.0, 3.75}; // Half way up the slope.
         QVERIFY(map.paint());
         const QString hint = hintAt(editor, view.rect().center());
-        const QRegularExpression wanted(QStringLiteral("^Position: 17\\.\\d+, 3\\.\\d+\nHeight: 0\\.[2-4]\\d$"));
+        const QRegularExpression wanted(
+            QStringLiteral("^Position: 17\\.\\d+, 3\\.\\d+\nHeight: 0\\.[2-4]\\d$"));
         QVERIFY2(wanted.match(hint).hasMatch(), qPrintable(hint));
         QVERIFY(hintAt(editor, {view.width() / 2, 1}).isEmpty());
     }

@@ -97,6 +97,11 @@ private slots:
         // The first selected free cell is cell 3 again.
         view->placePlayer(&player);
         QCOMPARE(player.cell, 3);
+        // Without a team the mark has no colour of its own.
+        for (const int unknown : {-1, CharacterNode::teamCount}) {
+            player.teamIndex = unknown;
+            QVERIFY(shows(driver->pixel(driver->cellAt(3, 0)), 0.55F, 0.975F, 0.975F));
+        }
         player.active = false;
         QVERIFY(shows(driver->pixel(driver->cellAt(3, 0)), 0.55F, 0.975F, 0.975F));
         for (const int beyond : {-2, -1, 400}) {

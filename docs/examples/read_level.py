@@ -6,7 +6,7 @@ import xml.etree.ElementTree as ET
 
 MODELS = "Terminator Hayden Hunter Rat Dire Walker Marine".split()
 TEAMS = "Blue Green Red Personal".split()
-FORMS = {int: r"[+-]?\d+", float: r"[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?"}
+FORMS = {int: r"[+-]?[0-9]+", float: r"[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?"}
 
 
 def values(text, kinds, defaults):
@@ -14,6 +14,10 @@ def values(text, kinds, defaults):
     words = (text or "").split() + [""] * len(kinds)
     return [kind(word) if re.fullmatch(FORMS[kind], word) else default
             for word, kind, default in zip(words, kinds, defaults)]
+
+
+def name_of(code, names):
+    return names[code] if 0 <= code < len(names) else names[0]
 
 
 def read_level(path):
@@ -24,8 +28,8 @@ def read_level(path):
         text = data.decode("latin-1")
     group = ET.fromstring(text)[0]
     terrain, surroundings = group.find("MeshNode"), group.find("BackgroundNode")
-    dimension, density, random = values(
-        " ".join(terrain.get(name, "0") for name in ("dimension", "density", "randomGeography")), [int] * 3, [0] * 3)
+    dimension, density, random = (values(terrain.get(name), [int], [0])[0]
+                                  for name in ("dimension", "density", "randomGeography"))
     points = (dimension * density) ** 2
     heights = [0.0] * points if random == 1 else values(terrain.text, [float] * points, [0.0] * points)
     players = [(player.get("name", "Player"), *values(player.text, [int, int, float, int, int], [0, 0, 0.5, 0, -2]))
@@ -41,4 +45,4 @@ if __name__ == "__main__":
     for row in range(side):
         print(*("%.6g" % height for height in level["heights"][row * side:(row + 1) * side]))
     for name, model, wait, weapon, team, cell in level["players"]:
-        print(f"{name}: {MODELS[model]}, {TEAMS[team]}, weapon {weapon:.6g}, waits {wait}, cell {cell}")
+        print(f"{name}: {name_of(model, MODELS)}, {name_of(team, TEAMS)}, weapon {weapon:.6g}, waits {wait}, cell {cell}")

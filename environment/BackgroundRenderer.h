@@ -41,10 +41,6 @@ public:
     void setCubeTexture(const QString &fileName) { cubeTexture = fileName; }
     void setBirdTexture(const QString &fileName) { birdTexture = fileName; }
     void setWaterTexture(const QString &fileName) { waterTexture = fileName; }
-    QString getGroundTexture() const { return groundTexture; }
-    QString getCubeTexture() const { return cubeTexture; }
-    QString getBirdTexture() const { return birdTexture; }
-    QString getWaterTexture() const { return waterTexture; }
 
     /// Loads the textures and compiles the display lists, again into the names of the last time.
     /// With fog on the sky is left alone; without water its list is. Needs a current context.

@@ -1,6 +1,7 @@
 #include "environment/PathLookup.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -10,7 +11,7 @@ namespace {
 /// multiplying them.
 constexpr qsizetype mostCandidates = 64;
 
-/// The longest path the system opens. Looking up a longer one would take minutes.
+/// The longest path the system opens, in bytes. Looking up a longer one would take minutes.
 constexpr qsizetype longestPath = 4096;
 
 /// The entries of a directory that spell `name`: first as asked, then the others in order.
@@ -37,7 +38,7 @@ QStringList spellings(const QString &directory, const QString &name) {
 } // namespace
 
 QString existingPath(const QString &path) {
-    if (path.isEmpty() || path.size() > longestPath || QFileInfo::exists(path)) {
+    if (path.isEmpty() || QFile::encodeName(path).size() > longestPath || QFileInfo::exists(path)) {
         return path;
     }
     QStringList candidates{path.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString()};

@@ -1,6 +1,6 @@
 #include "app/PictureBox.h"
 
-#include "environment/PathLookup.h"
+#include "environment/TextureUpload.h"
 
 #include <QImageReader>
 #include <QPixmap>
@@ -8,9 +8,12 @@
 namespace {
 
 /// A picture's middle in that many device pixels, or the whole of it in no more; decoded no larger
-/// than need be. Null where there is none.
+/// than need be. Null where there is none that a texture could show.
 QImage smallPicture(const QString &fileName, const QSize &size, bool whole) {
-    QImageReader reader(existingPath(fileName));
+    QImageReader reader;
+    if (!openPicture(reader, findPicture(fileName))) {
+        return {};
+    }
     reader.setScaledSize(
         reader.size().scaled(size, whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding));
     const QImage picture = reader.read();

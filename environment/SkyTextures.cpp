@@ -2,7 +2,6 @@
 
 #include "environment/CubeMapSupport.h"
 #include "environment/GLErrors.h"
-#include "environment/Logging.h"
 #include "environment/SharedTextures.h"
 
 namespace {
@@ -32,7 +31,7 @@ QImage readCubeFace(const PictureFile &file) {
     if (picture.width() == picture.height()) {
         return picture;
     }
-    qCWarning(texturesLog) << "not square, and so no face of a sky:" << file.asked;
+    namePicture(file, "not square, and so no face of a sky:");
     return {};
 }
 

@@ -39,16 +39,10 @@ bool isTooLarge(const QSize &size) {
            qint64{size.width()} * size.height() > mostTexels;
 }
 
-QImage decode(const QString &path) {
-    qCDebug(texturesLog) << "reading" << path;
-    QImageReader reader(path);
-    const QSize size = reader.size();
-    return isTooLarge(size) ? QImage() : reader.read();
-}
-
-QSet<QString> &unreadablePictures() {
-    static QSet<QString> names;
-    return names;
+/// By their paths.
+QSet<QString> &namedPictures() {
+    static QSet<QString> paths;
+    return paths;
 }
 
 /// Blue, green, red, alpha to red, green, blue, alpha.
@@ -85,13 +79,22 @@ PictureFile findPicture(const QString &fileName) {
         return file;
     }
     const QFileInfo info(existingPath(fileName));
-    file.path = info.absoluteFilePath();
+    file.path = info.isFile() ? info.canonicalFilePath() : info.absoluteFilePath();
     if (info.isFile()) {
         file.size = info.size();
         file.modified = info.lastModified().toMSecsSinceEpoch();
         file.changed = info.metadataChangeTime().toMSecsSinceEpoch();
     }
     return file;
+}
+
+bool openPicture(QImageReader &reader, const PictureFile &file) {
+    if (file.size < 0) {
+        return false;
+    }
+    qCDebug(texturesLog) << "reading" << file.path;
+    reader.setFileName(file.path);
+    return !isTooLarge(reader.size());
 }
 
 // A large picture is held once: all steps work in place.
@@ -107,10 +110,10 @@ QImage toGLImage(QImage image) {
 }
 
 QImage readGLImage(const PictureFile &file) {
-    QImage image = file.size < 0 ? QImage() : decode(file.path);
-    if (image.isNull() && !unreadablePictures().contains(file.asked)) {
-        unreadablePictures().insert(file.asked);
-        qCWarning(texturesLog) << "cannot read the picture" << file.asked;
+    QImageReader reader;
+    QImage image = openPicture(reader, file) ? reader.read() : QImage();
+    if (image.isNull()) {
+        namePicture(file, "cannot read the picture");
     }
     return toGLImage(std::move(image));
 }
@@ -119,8 +122,15 @@ QImage readGLImage(const QString &fileName) {
     return readGLImage(findPicture(fileName));
 }
 
-void forgetUnreadablePictures() {
-    unreadablePictures().clear();
+void namePicture(const PictureFile &file, const char *problem) {
+    if (!namedPictures().contains(file.path)) {
+        namedPictures().insert(file.path);
+        qCWarning(texturesLog) << problem << file.asked;
+    }
+}
+
+void forgetNamedPictures() {
+    namedPictures().clear();
 }
 
 void uploadWithMipmaps(unsigned int target, const QImage &glImage, int mipmapComponents) {

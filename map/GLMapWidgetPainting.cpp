@@ -145,7 +145,7 @@ void GLMapWidget::setUpPreview() {
     beginGLErrorSetUp();
     setLightAndFog();
     document->root.initGL();
-    forgetUnreadablePictures();
+    forgetNamedPictures();
     if (document->mesh != nullptr) {
         document->mesh->computeNormals();
     }

@@ -4,6 +4,7 @@
 #include "models/PlayerDialog.h"
 
 #include <QColorDialog>
+#include <sys/stat.h>
 
 /// The pages "Geography", "Textures" and "In-Game Options".
 class PagesTest : public QObject {
@@ -124,6 +125,7 @@ private slots:
         for (const char *const bird : {"parrot", "eagle2"}) {
             QVERIFY(picture.save(QStringLiteral("data/textures/%1.jpg").arg(QLatin1String(bird))));
         }
+        QCOMPARE(mkfifo("data/textures/eagle1.jpg", 0600), 0);
         const BackgroundNode &environment = editor.environment();
         GLMapWidget &view = *editor.window->mapView;
         for (const auto &[box, name, stored, path] :

@@ -99,13 +99,20 @@ private slots:
             QVERIFY(unreadable.isEmpty() && opened.contains(name));
         }
         QCOMPARE(texel(terrain->textureObject), QColor(Qt::red));
+        QVERIFY(QImage(8, 4, QImage::Format_RGB32).save(file("mount_negx.png")));
+        unreadable.clear();
+        node->initGL();
+        node->initGL();
+        forgetNamedPictures();
+        QCOMPARE(unreadable, cubeMapsAvailable() ? QStringList("mount_negx.png") : QStringList());
     }
 
     void manyNodesHoldAPictureOnce() {
+        QVERIFY(QFile::link(scratch->path(), file("link")));
         std::vector<std::unique_ptr<BackgroundNode>> others;
         for (int i = 0; i < 30; ++i) {
             others.push_back(std::make_unique<BackgroundNode>());
-            point(*others.back());
+            point(*others.back(), i % 2 == 0 ? QString() : QStringLiteral("link/"));
             others.back()->initGL();
             QCOMPARE(others.back()->groundTextureObject, terrain->textureObject);
             QCOMPARE(others.back()->skyTextures.cubeMap, node->skyTextures.cubeMap);
@@ -135,6 +142,21 @@ private slots:
         QVERIFY(memory.growthInMiB() < 50);
     }
 
+    void freedPicturesGoBackToTheSystem() {
+        const PeakMemory memory;
+        std::vector<std::pair<QImage, QByteArray>> held;
+        for (int i = 0; i < 40; ++i) {
+            QImage(1024, 1024, QImage::Format_RGB32).fill(Qt::red);
+            held.emplace_back(QImage(1024, 1024, QImage::Format_RGB32), QByteArray(1000, 'b'));
+            held.back().first.fill(Qt::red);
+        }
+        for (auto &[picture, between] : held) {
+            picture = {};
+        }
+        const PeakMemory peakFromNowOn;
+        QVERIFY(memory.growthInMiB() < 40);
+    }
+
     void aPictureLargerThanTheDriverTakesIsScaled() {
         GLint largest = 0;
         glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
@@ -161,10 +183,10 @@ private:
                                     QFileDevice::FileModificationTime));
     }
 
-    void point(BackgroundNode &to) const {
-        to.setGroundTexture(file("ground.png"));
-        to.setWaterTexture(file("water.png"));
-        to.setCubeTexture(file("mount.png"));
+    void point(BackgroundNode &to, const QString &folder = {}) const {
+        to.setGroundTexture(file(folder + "ground.png"));
+        to.setWaterTexture(file(folder + "water.png"));
+        to.setCubeTexture(file(folder + "mount.png"));
     }
 
     void setUp() {
@@ -172,7 +194,7 @@ private:
         unreadable.clear();
         node->initGL();
         terrain->initGL();
-        forgetUnreadablePictures();
+        forgetNamedPictures();
     }
 
     const QStringList names{"ground.png",     "water.png",      "mount_negx.png", "mount_posx.png",

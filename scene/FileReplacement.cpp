@@ -173,6 +173,9 @@ bool FileReplacement::writeInPlace(const QByteArray &bytes) {
         return fail("read what it holds");
     }
     const QByteArray before = reader.readAll();
+    if (reader.error() != QFileDevice::NoError) {
+        return fail("read what it holds");
+    }
     file_ = open(target_.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     if (file_ < 0) {
         return fail("open");

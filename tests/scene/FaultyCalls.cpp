@@ -72,6 +72,26 @@ int close(int file) {
     return failing ? -1 : result;
 }
 
+int stat(const char *path, struct stat *found) noexcept {
+    return call<int>("stat", path, found);
+}
+
+int fstat(int file, struct stat *found) noexcept {
+    return call<int>("fstat", file, found);
+}
+
+int access(const char *path, int mode) noexcept {
+    return call<int>("access", path, mode);
+}
+
+off_t lseek(int file, off_t offset, int from) noexcept {
+    return call<off_t>("lseek", file, offset, from);
+}
+
+ssize_t read(int file, void *bytes, size_t size) {
+    return call<ssize_t>("read", file, bytes, size);
+}
+
 int posix_fallocate(int file, off_t from, off_t size) {
     const int result = call<int>("posix_fallocate", file, from, size);
     return result == -1 ? errno : result;

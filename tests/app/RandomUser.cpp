@@ -16,11 +16,22 @@ constexpr int smallSide = 120;
 
 QByteArray complaint; ///< What the toolkit or OpenGL said during the action.
 
-/// The editor's own log is no complaint: a random user opens files that are damaged.
+/// What the editor logs of files is no complaint: a random user opens files that are damaged.
 void hearMessage(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-    if (type != QtDebugMsg && type != QtInfoMsg && !QByteArray(context.category).startsWith("druvelk.")) {
-        complaint = "the toolkit says: " + text.toLocal8Bit();
+    const QByteArray speaker = context.category;
+    const bool ofFiles =
+        speaker == "druvelk.level" || speaker == "druvelk.textures" || speaker == "druvelk.models";
+    if (type != QtDebugMsg && type != QtInfoMsg && !ofFiles) {
+        complaint = speaker + " says: " + text.toLocal8Bit();
     }
+}
+
+void askOpenGL(QOpenGLWidget &view) {
+    view.makeCurrent();
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        complaint = "OpenGL error " + QByteArray::number(error);
+    }
+    view.doneCurrent();
 }
 
 } // namespace
@@ -66,11 +77,7 @@ QByteArray RandomUser::act(int number) {
     closePopups();
     dialogs.stop();
     QCoreApplication::processEvents();
-    editor.window->mapView->makeCurrent();
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
-        complaint = "OpenGL error " + QByteArray::number(error);
-    }
-    editor.window->mapView->doneCurrent();
+    askOpenGL(*editor.window->mapView);
     for (const QByteArray &fault :
          {complaint, faultOf(editor), steps.fault(), oneIn(4) ? faultOfFile(editor) : QByteArray()}) {
         if (!fault.isEmpty()) {
@@ -312,6 +319,9 @@ void RandomUser::answerForm(QDialog &dialog) {
         box->setChecked(oneIn(2));
     }
     QCoreApplication::processEvents();
+    for (QOpenGLWidget *const preview : dialog.findChildren<QOpenGLWidget *>()) {
+        askOpenGL(*preview);
+    }
     dialog.accept();
 }
 

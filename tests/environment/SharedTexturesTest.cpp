@@ -147,7 +147,7 @@ private slots:
         std::vector<std::pair<QImage, QByteArray>> held;
         for (int i = 0; i < 40; ++i) {
             QImage(1024, 1024, QImage::Format_RGB32).fill(Qt::red);
-            held.emplace_back(QImage(1024, 1024, QImage::Format_RGB32), QByteArray(1000, 'b'));
+            held.emplace_back(QImage(1024, 1024, QImage::Format_RGB32), QByteArray(100'000, 'b'));
             held.back().first.fill(Qt::red);
         }
         for (auto &[picture, between] : held) {

@@ -5,6 +5,7 @@
 #include "scene/LevelFile.h"
 #include "tests/support/ViewDriver.h"
 #include "tests/support/druvelkTest.h"
+#include "tests/support/files.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -170,11 +171,6 @@ public:
     void selectCell(int column, int row) const {
         ViewDriver driver = map();
         driver.drag(driver.cellAt(column, row), driver.cellAt(column, row));
-    }
-
-    static QByteArray contentOf(const QString &fileName) {
-        QFile file(fileName);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     QTemporaryDir scratch;

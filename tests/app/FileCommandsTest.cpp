@@ -108,9 +108,7 @@ private slots:
         QCOMPARE(QDir(QStringLiteral("levels")).entryList(QDir::Files),
                  (QStringList{"loud.XML", "my.v2.xml"}));
         const QString file = QStringLiteral("levels/my.v2.xml");
-        QFile mark(file);
-        QVERIFY(mark.open(QIODevice::WriteOnly) && mark.write("precious") == 8);
-        mark.close();
+        QVERIFY(writeFile(file, "precious"));
         for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
             bool asked = false;
             const auto saveAs = [&](QFileDialog &dialog) {
@@ -123,7 +121,7 @@ private slots:
             };
             QVERIFY(EditorDriver::answer<QFileDialog>([&] { editor.clickTool("fileSaveAction"); }, saveAs));
             QVERIFY(asked);
-            QCOMPARE(EditorDriver::contentOf(file) == "precious", button == QMessageBox::No);
+            QCOMPARE(contentOf(file) == "precious", button == QMessageBox::No);
         }
     }
 

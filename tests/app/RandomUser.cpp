@@ -237,14 +237,12 @@ void RandomUser::resize() {
 void RandomUser::damageAFile() {
     action = "damage a file";
     const QStringList names = QDir(QStringLiteral("levels")).entryList(QDir::Files);
-    QByteArray bytes =
-        EditorDriver::contentOf(QStringLiteral("levels/") + names.at(upTo(int(names.size()) - 1)));
+    QByteArray bytes = contentOf(QStringLiteral("levels/") + names.at(upTo(int(names.size()) - 1)));
     for (int i = upTo(20); i > 0 && !bytes.isEmpty(); --i) {
         bytes[random.bounded(bytes.size())] = static_cast<char>(upTo(oneIn(2) ? 255 : '9'));
     }
     bytes.truncate(oneIn(3) ? random.bounded(bytes.size() + 1) : bytes.size());
-    QFile file(QStringLiteral("levels/damaged.xml"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+    if (!writeFile(QStringLiteral("levels/damaged.xml"), bytes)) {
         complaint = "the test cannot write a file";
     }
 }

@@ -1,4 +1,4 @@
-#include "EditorFaults.h"
+#include "EditorDriver.h"
 
 #include "app/InitDialog.h"
 
@@ -94,25 +94,6 @@ private slots:
         QCOMPARE(window.mapView->document->charSet->characters.size(), std::size_t(16));
         QCOMPARE(window.DimensionTextLabel->text(), QStringLiteral("Medium"));
         QCOMPARE(window.AccuracyTextLabel->text(), QStringLiteral("High"));
-    }
-
-    void wiredAndCenterShowInThePreviewOnly() {
-        const EditorDriver editor;
-        GLMapWidget &view = *editor.window->mapView;
-        // Nothing could bring back a tool bar that its own menu has hidden.
-        editor.window->toolBar->toggleViewAction()->trigger();
-        for (const bool preview : {true, false}) {
-            editor.clickTool("Preview");
-            QVERIFY(view.preview == preview && QTest::qWaitFor([&] { return !view.reinitPending; }));
-            QCOMPARE(faultOf(editor), QByteArray());
-            if (preview) {
-                editor.clickTool("Wired");
-                QCOMPARE(editor.level().mesh->wired, 1);
-                view.center = {1, 2, 3};
-                editor.clickTool("centerTrack");
-                QVERIFY(view.center.x == 30 && view.center.y == 6 && view.center.z == 30);
-            }
-        }
     }
 
     void aChangeOfLanguageKeepsWhatIsSelected() {

@@ -145,7 +145,6 @@ private slots:
         }
         QCOMPARE(steps(editor), 101);
         QVERIFY2(inUse() < before + 50'000'000, qPrintable(QString::number(inUse() - before)));
-        qInfo("100 steps take %zu bytes", inUse() - before);
     }
 };
 

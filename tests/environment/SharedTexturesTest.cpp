@@ -19,7 +19,7 @@ QStringList unreadable;
 void record(QtMsgType type, const QMessageLogContext &context, const QString &text) {
     if (QLatin1String(context.category) == QLatin1String("druvelk.textures")) {
         (type == QtDebugMsg ? opened : unreadable)
-            << text.section(QLatin1Char('/'), -1).remove(QLatin1Char('"'));
+            << text.section(QLatin1Char('/'), -1).chopped(1); // the quote that escaped names end with
     }
 }
 

@@ -4,19 +4,6 @@
 #include <array>
 #include <cmath>
 
-/// Looks at the pictures of the built data tree.
-class PicturesTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void picturesHaveTheirSizeAndBrightness();
-    void groundsAndWatersRepeat();
-    void watersHaveBrightCrests();
-    void tileKeepsColorsReadable();
-    void skyFacesMeet();
-    void landLiesBelowSkies();
-};
-
 namespace {
 
 const QStringList grounds{"grass1.jpg",    "grass2.jpg",  "grass3.jpg", "desert1.jpg",
@@ -110,114 +97,123 @@ constexpr std::array seams{
 
 } // namespace
 
-void PicturesTest::groundsAndWatersRepeat() {
-    for (const QString &name : grounds + waters) {
-        const QImage image = texture(name);
-        const int last = image.width() - 1;
-        const auto report = [&](double measured, double limit) {
-            return QStringLiteral("%1: %2, limit %3").arg(name).arg(measured).arg(limit).toUtf8();
+/// Looks at the pictures of the built data tree.
+class PicturesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void picturesHaveTheirSizeAndBrightness() {
+        const auto check = [](const QStringList &names, int side, double darkest, double brightest) {
+            for (const QString &name : names) {
+                const QImage image = texture(name);
+                QVERIFY2(image.size() == QSize(side, side), qPrintable(name));
+                const double mean = meanGray(image, image.rect());
+                QVERIFY2(mean > darkest && mean < brightest,
+                         qPrintable(QString("%1: %2").arg(name).arg(mean)));
+            }
         };
-        for (const bool rows : {true, false}) {
-            double inside = 0;
-            for (int line = 0; line < last; ++line) {
-                inside += stepAfter(image, line, rows) / last;
-            }
-            const double across = stepAfter(image, last, rows);
-            QVERIFY2(inside > 0.5 && across <= 1.2 * inside, report(across, 1.2 * inside));
-        }
-        // Uncorrelated patches differ four times as much when they are a quarter as wide. Where wide ones
-        // differ more than that, something large stands out, and again in every repeat.
-        const double wide = patchDeviation(image, 8);
-        const double narrow = patchDeviation(image, 32);
-        QVERIFY2(wide < narrow / 4, report(wide, narrow / 4));
-        // Spots that are few but strong stand in rows.
-        const double middle = patchDeviation(image, 16);
-        QVERIFY2(middle < 0.14, report(middle, 0.14));
+        check(grounds, 1024, 0.33, 0.86);
+        check(waters, 512, 0.05, 0.35);
+        check(birds, 256, 0, 1);
+        check({"tile.png"}, 128, 0.7, 1);
     }
-}
 
-void PicturesTest::picturesHaveTheirSizeAndBrightness() {
-    const auto check = [](const QStringList &names, int side, double darkest, double brightest) {
-        for (const QString &name : names) {
+    void groundsAndWatersRepeat() {
+        for (const QString &name : grounds + waters) {
             const QImage image = texture(name);
-            QVERIFY2(image.size() == QSize(side, side), qPrintable(name));
-            const double mean = meanGray(image, image.rect());
-            QVERIFY2(mean > darkest && mean < brightest, qPrintable(QString("%1: %2").arg(name).arg(mean)));
-        }
-    };
-    check(grounds, 1024, 0.33, 0.86);
-    check(waters, 512, 0.05, 0.35);
-    check(birds, 256, 0, 1);
-    check({"tile.png"}, 128, 0.7, 1);
-}
-
-void PicturesTest::watersHaveBrightCrests() {
-    for (const QString &name : waters) {
-        const QImage image = texture(name);
-        const double mean = meanGray(image, image.rect());
-        int crests = 0;
-        for (int pixel = 0; pixel < image.width() * image.height(); ++pixel) {
-            const QRgb seen = image.pixel(pixel % image.width(), pixel / image.width());
-            crests += qGray(seen) > 2.0 * 255 * mean ? 1 : 0;
-        }
-        const double share = static_cast<double>(crests) / (image.width() * image.height());
-        QVERIFY2(share > 0.001 && share < 0.2, qPrintable(QString("%1: %2").arg(name).arg(share)));
-    }
-}
-
-void PicturesTest::tileKeepsColorsReadable() {
-    const QImage tile = texture("tile.png");
-    const QRect shown(7, 7, 114, 114);
-    QVERIFY(meanGray(tile, shown) > 0.88);
-    QVERIFY(meanGray(tile, QRect(16, 16, 96, 96)) > 0.92);
-    // Its rim is as wide and as dark on all four sides, and ends within what is shown.
-    const double left = meanGray(tile, QRect(7, 32, 7, 64));
-    QVERIFY(left < 0.75);
-    for (const QRect &side : {QRect(114, 32, 7, 64), QRect(32, 7, 64, 7), QRect(32, 114, 64, 7)}) {
-        QVERIFY(std::abs(meanGray(tile, side) - left) < 0.01);
-    }
-}
-
-void PicturesTest::skyFacesMeet() {
-    for (const QString &sky : skies) {
-        for (const auto &[face, edge, other, otherEdge, reversed] : seams) {
-            const QImage one = skyFace(sky, face);
-            const QImage two = skyFace(sky, other);
-            const int side = one.width();
-            QVERIFY(side >= 512 && one.size() == QSize(side, side) && two.size() == one.size());
-            double across = 0;
-            double inside = 0;
-            for (int i = 0; i < side; ++i) {
-                const QRgb here = edgePixel(one, edge, i, 0);
-                across += difference(here, edgePixel(two, otherEdge, reversed ? side - 1 - i : i, 0)) / side;
-                inside += difference(here, edgePixel(one, edge, i, 1)) / side;
-            }
-            QVERIFY2(across <= 1.3 * inside + 1.5, qPrintable(QString("%1: %2 and %3, %4 across, %5 inside")
-                                                                  .arg(sky, face, other)
-                                                                  .arg(across)
-                                                                  .arg(inside)));
-        }
-    }
-}
-
-void PicturesTest::landLiesBelowSkies() {
-    const auto blueness = [](const QImage &face) {
-        const QImage mean = face.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        return static_cast<double>(qBlue(mean.pixel(0, 0))) / qRed(mean.pixel(0, 0));
-    };
-    for (const QString &sky : skies) {
-        QVERIFY2(blueness(skyFace(sky, "negy")) > 1.05 * blueness(skyFace(sky, "posy")), qPrintable(sky));
-        for (const char *suffix : {"negx", "posx", "negz", "posz"}) {
-            const QImage face = skyFace(sky, suffix);
-            const auto gray = [&](double from) {
-                const int side = face.width();
-                return meanGray(face, QRect(0, static_cast<int>(from * side), side, side / 32));
+            const int last = image.width() - 1;
+            const auto report = [&](double measured, double limit) {
+                return QStringLiteral("%1: %2, limit %3").arg(name).arg(measured).arg(limit).toUtf8();
             };
-            // Away from the horizon the land gets darker: its edge meets a distance, not a wall.
-            QVERIFY2(gray(0.51) > gray(0.6) + 0.04 && gray(0.6) > gray(0.9), qPrintable(sky));
+            for (const bool rows : {true, false}) {
+                double inside = 0;
+                for (int line = 0; line < last; ++line) {
+                    inside += stepAfter(image, line, rows) / last;
+                }
+                const double across = stepAfter(image, last, rows);
+                QVERIFY2(inside > 0.5 && across <= 1.2 * inside, report(across, 1.2 * inside));
+            }
+            // Uncorrelated patches differ four times as much when they are a quarter as wide. Where wide ones
+            // differ more than that, something large stands out, and again in every repeat.
+            const double wide = patchDeviation(image, 8);
+            const double narrow = patchDeviation(image, 32);
+            QVERIFY2(wide < narrow / 4, report(wide, narrow / 4));
+            // Spots that are few but strong stand in rows.
+            const double middle = patchDeviation(image, 16);
+            QVERIFY2(middle < 0.14, report(middle, 0.14));
         }
     }
-}
+
+    void watersHaveBrightCrests() {
+        for (const QString &name : waters) {
+            const QImage image = texture(name);
+            const double mean = meanGray(image, image.rect());
+            int crests = 0;
+            for (int pixel = 0; pixel < image.width() * image.height(); ++pixel) {
+                const QRgb seen = image.pixel(pixel % image.width(), pixel / image.width());
+                crests += qGray(seen) > 2.0 * 255 * mean ? 1 : 0;
+            }
+            const double share = static_cast<double>(crests) / (image.width() * image.height());
+            QVERIFY2(share > 0.001 && share < 0.2, qPrintable(QString("%1: %2").arg(name).arg(share)));
+        }
+    }
+
+    void tileKeepsColorsReadable() {
+        const QImage tile = texture("tile.png");
+        const QRect shown(7, 7, 114, 114);
+        QVERIFY(meanGray(tile, shown) > 0.88);
+        QVERIFY(meanGray(tile, QRect(16, 16, 96, 96)) > 0.92);
+        // Its rim is as wide and as dark on all four sides, and ends within what is shown.
+        const double left = meanGray(tile, QRect(7, 32, 7, 64));
+        QVERIFY(left < 0.75);
+        for (const QRect &side : {QRect(114, 32, 7, 64), QRect(32, 7, 64, 7), QRect(32, 114, 64, 7)}) {
+            QVERIFY(std::abs(meanGray(tile, side) - left) < 0.01);
+        }
+    }
+
+    void skyFacesMeet() {
+        for (const QString &sky : skies) {
+            for (const auto &[face, edge, other, otherEdge, reversed] : seams) {
+                const QImage one = skyFace(sky, face);
+                const QImage two = skyFace(sky, other);
+                const int side = one.width();
+                QVERIFY(side >= 512 && one.size() == QSize(side, side) && two.size() == one.size());
+                double across = 0;
+                double inside = 0;
+                for (int i = 0; i < side; ++i) {
+                    const QRgb here = edgePixel(one, edge, i, 0);
+                    across +=
+                        difference(here, edgePixel(two, otherEdge, reversed ? side - 1 - i : i, 0)) / side;
+                    inside += difference(here, edgePixel(one, edge, i, 1)) / side;
+                }
+                QVERIFY2(across <= 1.3 * inside + 1.5,
+                         qPrintable(QString("%1: %2 and %3, %4 across, %5 inside")
+                                        .arg(sky, face, other)
+                                        .arg(across)
+                                        .arg(inside)));
+            }
+        }
+    }
+
+    void landLiesBelowSkies() {
+        const auto blueness = [](const QImage &face) {
+            const QImage mean = face.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            return static_cast<double>(qBlue(mean.pixel(0, 0))) / qRed(mean.pixel(0, 0));
+        };
+        for (const QString &sky : skies) {
+            QVERIFY2(blueness(skyFace(sky, "negy")) > 1.05 * blueness(skyFace(sky, "posy")), qPrintable(sky));
+            for (const char *suffix : {"negx", "posx", "negz", "posz"}) {
+                const QImage face = skyFace(sky, suffix);
+                const auto gray = [&](double from) {
+                    const int side = face.width();
+                    return meanGray(face, QRect(0, static_cast<int>(from * side), side, side / 32));
+                };
+                // Away from the horizon the land gets darker: its edge meets a distance, not a wall.
+                QVERIFY2(gray(0.51) > gray(0.6) + 0.04 && gray(0.6) > gray(0.9), qPrintable(sky));
+            }
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(PicturesTest)
 #include "PicturesTest.moc"

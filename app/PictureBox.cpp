@@ -30,20 +30,34 @@ QImage smallPicture(const QString &fileName, const QSize &size, bool whole) {
 PictureBox::PictureBox(QWidget *parent) : QComboBox(parent) {
     // As high as the style's own icons: the box must not grow when it gets pictures.
     setIconSize(QSize(32, 16));
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int item) {
+        if (isVisible()) {
+            readPicture(item);
+        }
+    });
+}
+
+void PictureBox::readPicture(int item) {
+    if (item < 0 || !itemIcon(item).isNull()) {
+        return;
+    }
+    const QImage picture = smallPicture(pictureFile.arg(itemData(item).toString()),
+                                        iconSize() * devicePixelRatioF(), wholePictures);
+    if (!picture.isNull()) {
+        QPixmap pixmap = QPixmap::fromImage(picture);
+        pixmap.setDevicePixelRatio(devicePixelRatioF());
+        setItemIcon(item, pixmap);
+    }
+}
+
+void PictureBox::showEvent(QShowEvent *event) {
+    readPicture(currentIndex());
+    QComboBox::showEvent(event);
 }
 
 void PictureBox::showPopup() {
     for (int i = 0; i < count(); ++i) {
-        if (!itemIcon(i).isNull()) {
-            continue;
-        }
-        const QImage picture = smallPicture(pictureFile.arg(itemData(i).toString()),
-                                            iconSize() * devicePixelRatioF(), wholePictures);
-        if (!picture.isNull()) {
-            QPixmap pixmap = QPixmap::fromImage(picture);
-            pixmap.setDevicePixelRatio(devicePixelRatioF());
-            setItemIcon(i, pixmap);
-        }
+        readPicture(i);
     }
     QComboBox::showPopup();
 }

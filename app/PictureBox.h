@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 
-/// A combo box whose list shows a small picture beside each item that has one. The pictures are read
-/// when the list is opened for the first time.
+/// A combo box that shows a small picture beside each item that has one. The chosen item's is read when the
+/// box is shown, the others when the list is opened for the first time.
 class PictureBox : public QComboBox {
     Q_OBJECT
 
@@ -17,4 +17,10 @@ public:
     bool wholePictures = false;
 
     void showPopup() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void readPicture(int item);
 };

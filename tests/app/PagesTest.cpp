@@ -128,6 +128,8 @@ private slots:
         QCOMPARE(mkfifo("data/textures/eagle1.jpg", 0600), 0);
         const BackgroundNode &environment = editor.environment();
         GLMapWidget &view = *editor.window->mapView;
+        editor.turnTo(*editor.window->birdTextureType);
+        QVERIFY(!editor.window->birdTextureType->itemIcon(0).isNull());
         for (const auto &[box, name, stored, path] :
              {std::tuple("TerrainTextureType", "daffodils", &environment.groundTexture, "textures/daffodils"),
               {"SkyTextureType", "cirri", &environment.cubeTexture, "CubeMap/cirri/mount"},

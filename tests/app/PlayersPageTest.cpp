@@ -90,6 +90,7 @@ private slots:
         QVERIFY(EditorDriver::answer<PlayerDialog>(open, [](PlayerDialog &form) {
             QTest::keyClick(form.TeamBox, Qt::Key_Down);
             QTest::mouseClick(form.buttonCancel, Qt::LeftButton);
+            QVERIFY(!form.isVisible());
         }));
         QCOMPARE(editor.player(1).teamIndex, 0);
         QVERIFY(EditorDriver::answer<PlayerDialog>(open, [](PlayerDialog &form) {

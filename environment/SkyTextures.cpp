@@ -31,7 +31,7 @@ QImage readCubeFace(const PictureFile &file) {
     if (picture.width() == picture.height()) {
         return picture;
     }
-    namePicture(file, "not square, and so no face of a sky:");
+    reportUnusablePicture(file, "not square, and so no face of a sky:");
     return {};
 }
 

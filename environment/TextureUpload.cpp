@@ -40,7 +40,7 @@ bool isTooLarge(const QSize &size) {
 }
 
 /// By their paths.
-QSet<QString> &namedPictures() {
+QSet<QString> &reportedPictures() {
     static QSet<QString> paths;
     return paths;
 }
@@ -113,7 +113,7 @@ QImage readGLImage(const PictureFile &file) {
     QImageReader reader;
     QImage image = openPicture(reader, file) ? reader.read() : QImage();
     if (image.isNull()) {
-        namePicture(file, "cannot read the picture");
+        reportUnusablePicture(file, "cannot read the picture");
     }
     return toGLImage(std::move(image));
 }
@@ -122,15 +122,15 @@ QImage readGLImage(const QString &fileName) {
     return readGLImage(findPicture(fileName));
 }
 
-void namePicture(const PictureFile &file, const char *problem) {
-    if (!namedPictures().contains(file.path)) {
-        namedPictures().insert(file.path);
+void reportUnusablePicture(const PictureFile &file, const char *problem) {
+    if (!reportedPictures().contains(file.path)) {
+        reportedPictures().insert(file.path);
         qCWarning(texturesLog) << problem << file.asked;
     }
 }
 
-void forgetNamedPictures() {
-    namedPictures().clear();
+void forgetReportedPictures() {
+    reportedPictures().clear();
 }
 
 void uploadWithMipmaps(unsigned int target, const QImage &glImage, int mipmapComponents) {

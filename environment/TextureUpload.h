@@ -29,18 +29,18 @@ bool openPicture(QImageReader &reader, const PictureFile &file);
 /// The image in OpenGL's layout: 32-bit RGBA, rows bottom-up, tightly packed. A null image stays null.
 QImage toGLImage(QImage image);
 
-/// Reads a picture in OpenGL's layout. One that cannot be opened or read gives a null image, and is named.
+/// Reads a picture in OpenGL's layout. One that cannot be opened or read gives a null image, and is
+/// reported.
 QImage readGLImage(const PictureFile &file);
 
 /// The same for a file's name, found without regard to letter case.
 QImage readGLImage(const QString &fileName);
 
-/// Names a picture that cannot be used in "druvelk.textures", as a warning, once until
-/// forgetNamedPictures.
-void namePicture(const PictureFile &file, const char *problem);
+/// Warns in "druvelk.textures" of a picture that cannot be used, once until forgetReportedPictures.
+void reportUnusablePicture(const PictureFile &file, const char *problem);
 
-/// Call when a set-up is over: a picture that still cannot be used in the next is named once more.
-void forgetNamedPictures();
+/// Call when a set-up is over: a picture that still cannot be used in the next is reported once more.
+void forgetReportedPictures();
 
 /// Specifies level 0 of the texture bound to `target` (a 2-D target or a face of a cube map) and
 /// its mipmap chain, from an image of toGLImage. `mipmapComponents` is 3 or 4. A null image

@@ -145,7 +145,7 @@ void GLMapWidget::setUpPreview() {
     beginGLErrorSetUp();
     setLightAndFog();
     document->root.initGL();
-    forgetNamedPictures();
+    forgetReportedPictures();
     if (document->mesh != nullptr) {
         document->mesh->computeNormals();
     }

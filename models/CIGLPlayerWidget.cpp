@@ -128,7 +128,7 @@ void CIGLPlayerWidget::resizeGL(int width, int height) {
 void CIGLPlayerWidget::paintGL() {
     if (reloadPending) {
         initializeGL();
-        forgetNamedPictures();
+        forgetReportedPictures();
         reloadPending = false;
     }
     // The toolkit sets a viewport of its own before each paint, cut down where the frame buffer is

@@ -103,7 +103,7 @@ private slots:
         unreadable.clear();
         node->initGL();
         node->initGL();
-        forgetNamedPictures();
+        forgetReportedPictures();
         QCOMPARE(unreadable, cubeMapsAvailable() ? QStringList("mount_negx.png") : QStringList());
     }
 
@@ -194,7 +194,7 @@ private:
         unreadable.clear();
         node->initGL();
         terrain->initGL();
-        forgetNamedPictures();
+        forgetReportedPictures();
     }
 
     const QStringList names{"ground.png",     "water.png",      "mount_negx.png", "mount_posx.png",

@@ -129,7 +129,10 @@ private slots:
         const BackgroundNode &environment = editor.environment();
         GLMapWidget &view = *editor.window->mapView;
         editor.turnTo(*editor.window->birdTextureType);
-        QVERIFY(!editor.window->birdTextureType->itemIcon(0).isNull());
+        QTest::keyClick(editor.window->birdTextureType, Qt::Key_End);
+        for (const int chosen : {0, 2}) {
+            QVERIFY(!editor.window->birdTextureType->itemIcon(chosen).isNull());
+        }
         for (const auto &[box, name, stored, path] :
              {std::tuple("TerrainTextureType", "daffodils", &environment.groundTexture, "textures/daffodils"),
               {"SkyTextureType", "cirri", &environment.cubeTexture, "CubeMap/cirri/mount"},
